@@ -1,0 +1,8 @@
+// GpsExport.h: marks what leaves the shared library; everything else in it is hidden.
+#pragma once
+
+#if defined(_WIN32)
+#define KEST_GPS_API
+#else
+#define KEST_GPS_API __attribute__((visibility("default")))
+#endif

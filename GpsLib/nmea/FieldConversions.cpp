@@ -1,0 +1,157 @@
+#include "GpsLib/nmea/FieldConversions.h"
+
+#include <charconv>
+#include <limits>
+
+namespace
+{
+
+constexpr bool IsDigit(char character) noexcept
+{
+    return character >= '0' && character <= '9';
+}
+
+constexpr bool IsSpace(char character) noexcept
+{
+    return character == ' ' || (character >= '\t' && character <= '\r');
+}
+
+const char* SkipSpace(const char* text) noexcept
+{
+    while (IsSpace(*text)) {
+        ++text;
+    }
+    return text;
+}
+
+/// Steps over a sign.
+/// Result: true when it was a minus.
+bool TakeSign(const char*& text) noexcept
+{
+    const bool negative = *text == '-';
+    if (negative || *text == '+') {
+        ++text;
+    }
+    return negative;
+}
+
+// Powers of ten that a double holds exactly.
+constexpr double EXACT_POWERS[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                   1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+constexpr int EXACT_POWER_MAX = 22;
+constexpr std::uint64_t EXACT_INTEGER_MAX = std::uint64_t{1} << 53; // every integer up to here is a double
+constexpr std::uint64_t MANTISSA_ROOM = (std::numeric_limits<std::uint64_t>::max() - 9) / 10;
+constexpr int EXPONENT_LIMIT = 100000; // far beyond what a double reaches, far within int
+
+/// An unsigned decimal number taken apart: mantissa * 10^exponent, but for digits that found no room.
+struct DecimalText {
+    const char* begin;
+    const char* end;
+    std::uint64_t mantissa = 0;
+    int exponent = 0;
+    bool anyDigit = false;
+    bool cut = false; // digits had to be left out of the mantissa
+
+    explicit DecimalText(const char* text) noexcept : begin(text), end(text)
+    {
+        TakeDigits(0);
+        if (*end == '.') {
+            ++end;
+            TakeDigits(-1);
+        }
+        if (anyDigit) {
+            TakeExponent();
+        }
+    }
+
+private:
+    /// step: what a digit that fits adds to the exponent, 0 before the point and -1 behind it.
+    void TakeDigits(int step) noexcept
+    {
+        for (; IsDigit(*end); ++end) {
+            anyDigit = true;
+            if (mantissa <= MANTISSA_ROOM) {
+                mantissa = mantissa * 10 + static_cast<std::uint64_t>(*end - '0');
+                exponent += step;
+            } else {
+                cut = true;
+                exponent += step + 1;
+            }
+        }
+    }
+
+    void TakeExponent() noexcept
+    {
+        if (*end != 'e' && *end != 'E') {
+            return;
+        }
+        const char* digits = end + 1;
+        const bool negative = TakeSign(digits);
+        if (!IsDigit(*digits)) {
+            return; // an "e" alone doesn't belong to the number
+        }
+        int value = 0;
+        for (; IsDigit(*digits); ++digits) {
+            if (value < EXPONENT_LIMIT) {
+                value = value * 10 + (*digits - '0');
+            }
+        }
+        exponent += negative ? -value : value;
+        end = digits;
+    }
+};
+
+/// Numbers of any length and size, correctly rounded.
+double ToDoubleSlowly(const DecimalText& number) noexcept
+{
+    double value = 0.0;
+    const auto result = std::from_chars(number.begin, number.end, value);
+    if (result.ec == std::errc::result_out_of_range) {
+        // Too large and too small look alike; a double spans about 10^-324 to 10^308, so the sign of the
+        // exponent tells them apart: the mantissa moves it by less than 20.
+        value = number.exponent > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+    }
+    return value;
+}
+
+} // namespace
+
+double ToDouble(const char* text) noexcept
+{
+    text = SkipSpace(text);
+    const bool negative = TakeSign(text);
+    const DecimalText number(text);
+    if (!number.anyDigit) {
+        return 0.0;
+    }
+    double value = 0.0;
+    if (!number.cut && number.mantissa <= EXACT_INTEGER_MAX && number.exponent >= -EXACT_POWER_MAX &&
+        number.exponent <= EXACT_POWER_MAX) {
+        // Both operands are exact, so the one operation rounds once, and correctly.
+        const auto mantissa = static_cast<double>(number.mantissa);
+        value = number.exponent < 0 ? mantissa / EXACT_POWERS[-number.exponent]
+                                    : mantissa * EXACT_POWERS[number.exponent];
+    } else {
+        value = ToDoubleSlowly(number);
+    }
+    return negative ? -value : value;
+}
+
+int ToInt(const char* text) noexcept
+{
+    constexpr int MAX = std::numeric_limits<int>::max();
+    text = SkipSpace(text);
+    const bool negative = TakeSign(text);
+    int value = 0; // built below zero, where int reaches one further
+    for (; IsDigit(*text); ++text) {
+        const int digit = *text - '0';
+        if (value < (-MAX - 1 + digit) / 10) {
+            return negative ? -MAX - 1 : MAX;
+        }
+        value = value * 10 - digit;
+    }
+    if (negative) {
+        return value;
+    }
+    return value < -MAX ? MAX : -value;
+}

@@ -1,0 +1,8 @@
+# The flags of every target of ours. Warnings become errors in the presets, not here.
+add_library(kest_build_flags INTERFACE)
+target_compile_options(kest_build_flags INTERFACE
+    -ffp-contract=off # fused multiply-adds would give the filter other bits
+    -Wall -Wextra -Wpedantic -Wconversion -Wsign-conversion -Wold-style-cast -Wnon-virtual-dtor
+    -Woverloaded-virtual -Wcast-align -Wformat=2
+    $<$<CXX_COMPILER_ID:GNU>:-Wshadow=local>
+    $<$<CXX_COMPILER_ID:Clang>:-Wthread-safety>)
