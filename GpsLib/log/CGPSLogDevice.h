@@ -1,0 +1,60 @@
+// CGPSLogDevice.h: replays a log as if a receiver were speaking, and writes logs.
+#pragma once
+
+#include "GpsLib/device/CGPSDeviceEx.h"
+
+namespace GPS
+{
+
+class CGPSLogDeviceImpl;
+
+/// A recorded drive. It has no thread and no clock: each GetGPSData reads on to the next record, so the rate
+/// of calls sets the pace. It can write a log at the same time, through a stream of its own.
+///
+/// Copies share one device; the streams close with the last of them. A device that found no memory answers
+/// false.
+/// Thread: replay on one thread at a time; WriteLog on any. No exception leaves any operation.
+///
+/// Virtual operations in slot order, which is ABI.
+class KEST_GPS_API CGPSLogDevice : public CGPSDeviceEx
+{
+public:
+    CGPSLogDevice();
+    CGPSLogDevice(const CGPSLogDevice& other);
+    CGPSLogDevice& operator=(const CGPSLogDevice& other);
+    ~CGPSLogDevice() override;
+
+    /// Reads on to the next GGA with which the record holds a longitude other than 0.
+    /// Result: false with no log open (`data` untouched) or none left (`data` not to be used). True doesn't
+    /// say that the fix is valid: ask `data.valid`.
+    bool GetGPSData(_GPS_Data& data) override;
+    /// The last record that GetGPSData gave. Reads no line.
+    /// Result: false when that had no valid fix.
+    bool GetGPSDataWithoutSate(_GPS_Data_Without_Sate& data) override;
+    /// The satellites of the last record that GetGPSData gave. Reads no line.
+    /// Result: false when that had no valid fix.
+    bool GetWholeSate(_GPS_Satellite& satellite) override;
+
+    /// Starts the replay of a file from its beginning; one that was open before is closed.
+    /// Result: false for a null path, which changes nothing, or a file that can't be opened; no log is then
+    /// open.
+    bool OpenLogFileForRead(char* path);
+    /// Smooths position and speed from the next record on.
+    void OpenFilter();
+    /// Leaves records as they are from the next one on. The state of the smoothing stays.
+    void CloseFilter();
+
+    /// Opens a file to write behind what is there. A log that is open stays open, and the path is ignored.
+    /// Result: false for a null path, or when the file can't be opened.
+    bool OpenLogFileForWrite(const char* path);
+    /// Writes one line: the text, and CR LF unless it ends so already. It is sure to be in the file once the
+    /// device is gone. A full disk goes unnoticed.
+    /// Result: false with no log open for writing or a null text.
+    bool WriteLog(const char* text);
+
+private:
+    CGPSLogDeviceImpl*
+        impl; // shared with the copies; the last one deletes it. Null when the allocation failed
+};
+
+} // namespace GPS

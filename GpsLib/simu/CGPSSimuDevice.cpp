@@ -1,0 +1,72 @@
+#include "GpsLib/simu/CGPSSimuDevice.h"
+
+#include <new>
+
+#include "GpsLib/simu/CGPSSimuDeviceImpl.h"
+
+namespace GPS
+{
+
+CGPSSimuDevice::CGPSSimuDevice() : impl(nullptr) {}
+
+CGPSSimuDevice::CGPSSimuDevice(const CGPSSimuDevice& other) : CGPSDeviceEx(other), impl(ShareImpl(other.impl))
+{
+}
+
+// Safe for itself: AssignImpl shares before it leaves.
+// NOLINTNEXTLINE(bugprone-unhandled-self-assignment,cert-oop54-cpp)
+CGPSSimuDevice& CGPSSimuDevice::operator=(const CGPSSimuDevice& other)
+{
+    AssignImpl(impl, other.impl);
+    return *this;
+}
+
+CGPSSimuDevice::~CGPSSimuDevice()
+{
+    LeaveImpl(impl);
+}
+
+bool CGPSSimuDevice::SetSimuParam(CPath* path, double timeStep, double speed)
+{
+    if (impl == nullptr) {
+        impl = new (std::nothrow) CGPSSimuDeviceImpl;
+    }
+    if (impl == nullptr) {
+        return false;
+    }
+    impl->SetSpeed(timeStep, speed);
+    impl->SetPath(path);
+    return true;
+}
+
+bool CGPSSimuDevice::BeginSimu()
+{
+    return impl != nullptr && impl->BeginSimu();
+}
+
+bool CGPSSimuDevice::GetGPSData(_GPS_Data& data)
+{
+    return impl != nullptr && impl->NextStep(data) == CGPSSimuDeviceImpl::STEP_MADE;
+}
+
+bool CGPSSimuDevice::GetGPSDataWithoutSate(_GPS_Data_Without_Sate& /*data*/)
+{
+    return false;
+}
+
+bool CGPSSimuDevice::GetWholeSate(_GPS_Satellite& /*satellite*/)
+{
+    return false;
+}
+
+bool CGPSSimuDevice::EndSimu()
+{
+    if (impl == nullptr) {
+        return false;
+    }
+    impl->EndSimu();
+    LeaveImpl(impl);
+    return true;
+}
+
+} // namespace GPS

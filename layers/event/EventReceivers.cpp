@@ -1,0 +1,153 @@
+#include "layers/event/EventReceivers.h"
+
+#include <algorithm>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <utility>
+#include <vector>
+
+namespace event
+{
+
+namespace
+{
+
+struct Registration {
+    Registration(ReceiverId number, std::uint16_t id, Receiver receiver)
+        : number(number), id(id), receiver(std::move(receiver))
+    {
+    }
+
+    const ReceiverId number;
+    const std::uint16_t id;
+    const Receiver receiver;
+    bool removed = false; // guarded by Registry::lock
+    int running = 0;      // calls under way on all threads; guarded by Registry::lock
+};
+
+/// The calls under way on this thread, innermost first: a receiver may send events itself.
+struct Call {
+    const Registration* registration;
+    const Call* outer;
+};
+thread_local const Call* innermostCall = nullptr;
+
+int CallsOnThisThread(const Registration& registration) noexcept
+{
+    int calls = 0;
+    for (const Call* call = innermostCall; call != nullptr; call = call->outer) {
+        calls += call->registration == &registration ? 1 : 0;
+    }
+    return calls;
+}
+
+/// All registrations. The list is never changed but replaced, so that a delivery walks the one it began with,
+/// with the lock free and without allocating.
+class Registry
+{
+public:
+    ReceiverId Add(std::uint16_t id, Receiver receiver)
+    {
+        const std::lock_guard<std::mutex> held(lock);
+        auto longer = std::make_shared<List>(*list);
+        longer->push_back(std::make_shared<Registration>(lastNumber + 1, id, std::move(receiver)));
+        list = std::move(longer);
+        return ++lastNumber;
+    }
+
+    bool Remove(ReceiverId number)
+    {
+        std::shared_ptr<Registration> leaving; // outlives the lock: its receiver's own parts may die with it
+        std::unique_lock<std::mutex> held(lock);
+        const auto found = std::find_if(list->begin(), list->end(),
+                                        [number](const auto& entry) { return entry->number == number; });
+        if (found == list->end()) {
+            return false;
+        }
+        leaving = *found;
+        auto shorter = std::make_shared<List>(*list);
+        shorter->erase(shorter->begin() + (found - list->begin()));
+        list = std::move(shorter);
+        leaving->removed = true;
+        const int own = CallsOnThisThread(*leaving);
+        callEnded.wait(held, [&leaving, own] { return leaving->running == own; });
+        return true;
+    }
+
+    void Deliver(const CustomEvent& event)
+    {
+        std::shared_ptr<const List> receivers; // outlives the lock, as above
+        std::unique_lock<std::mutex> held(lock);
+        receivers = list;
+        for (const auto& entry : *receivers) {
+            if (entry->id == event.Id() && !entry->removed) {
+                ++entry->running;
+                held.unlock();
+                CallReceiver(*entry, event);
+                held.lock();
+                --entry->running;
+                callEnded.notify_all();
+            }
+        }
+    }
+
+private:
+    using List = std::vector<std::shared_ptr<Registration>>;
+
+    static void CallReceiver(const Registration& registration, const CustomEvent& event) noexcept
+    {
+        const Call call{&registration, innermostCall};
+        innermostCall = &call;
+        try {
+            registration.receiver(event);
+        } catch (...) { // NOLINT(bugprone-empty-catch): one receiver's failure is no other's
+        }
+        innermostCall = call.outer;
+    }
+
+    std::mutex lock;
+    std::condition_variable callEnded;
+    std::shared_ptr<const List> list = std::make_shared<List>();
+    ReceiverId lastNumber = 0;
+};
+
+/// Never destroyed: a reader thread may still send while the process ends.
+Registry& TheRegistry()
+{
+    static Registry& registry = *new Registry;
+    return registry;
+}
+
+} // namespace
+
+CustomEvent::CustomEvent(std::uint16_t id, void* payload) : id(id), payload(payload) {}
+
+CustomEvent::~CustomEvent() = default;
+
+std::uint16_t CustomEvent::Id() const noexcept
+{
+    return id;
+}
+
+void* CustomEvent::Payload() const noexcept
+{
+    return payload;
+}
+
+void EventHouse::SendEvent(CustomEvent* event)
+{
+    TheRegistry().Deliver(*event);
+}
+
+ReceiverId RegisterReceiver(std::uint16_t id, Receiver receiver)
+{
+    return TheRegistry().Add(id, std::move(receiver));
+}
+
+bool RemoveReceiver(ReceiverId receiver)
+{
+    return TheRegistry().Remove(receiver);
+}
+
+} // namespace event

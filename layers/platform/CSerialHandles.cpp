@@ -1,0 +1,68 @@
+#include "layers/platform/CSerialHandles.h"
+
+#include <utility>
+
+namespace platform
+{
+
+namespace
+{
+
+std::uintptr_t NumberOf(HANDLE handle)
+{
+    return reinterpret_cast<std::uintptr_t>(handle);
+}
+
+} // namespace
+
+CSerialHandles::Use::Use(CSerialHandles& handles, HANDLE handle) noexcept : handles(handles), entry(nullptr)
+{
+    const std::lock_guard<std::mutex> guard(handles.lock);
+    const auto found = handles.lines.find(NumberOf(handle));
+    if (found != handles.lines.end() && !found->second.closing) {
+        entry = &found->second;
+        ++entry->users;
+    }
+}
+
+CSerialHandles::Use::~Use()
+{
+    if (entry == nullptr) {
+        return;
+    }
+    const std::lock_guard<std::mutex> guard(handles.lock);
+    if (--entry->users == 0) {
+        handles.lastLeft.notify_all(); // under the lock: the entry may be gone as soon as it is free
+    }
+}
+
+HANDLE CSerialHandles::Add(std::unique_ptr<CSerialLine> line)
+{
+    const std::lock_guard<std::mutex> guard(lock);
+    if (lastNumber + 1 == NumberOf(INVALID_HANDLE_VALUE)) {
+        return INVALID_HANDLE_VALUE;
+    }
+    lines[lastNumber + 1].line = std::move(line);
+    ++lastNumber;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): a number that nobody follows
+    return reinterpret_cast<HANDLE>(lastNumber);
+}
+
+bool CSerialHandles::Close(HANDLE handle) noexcept
+{
+    std::unique_lock<std::mutex> guard(lock);
+    const auto found = lines.find(NumberOf(handle));
+    if (found == lines.end() || found->second.closing) {
+        return false;
+    }
+    Entry& entry = found->second;
+    entry.closing = true;
+    entry.line->Interrupt();
+    lastLeft.wait(guard, [&entry] { return entry.users == 0; });
+    const std::unique_ptr<CSerialLine> line = std::move(entry.line);
+    lines.erase(found);
+    guard.unlock(); // closing the device may take its time
+    return true;
+}
+
+} // namespace platform
