@@ -1,4 +1,4 @@
-// Kest_GPS.h: what an application includes; everything that the library exports, and nothing else.
+// Kest_GPS.h: what an application includes: all that the library exports, and what that is made of.
 #pragma once
 
 #include "GpsLib/comm/CommListener.h"       // IWYU pragma: export

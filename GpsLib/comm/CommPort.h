@@ -13,6 +13,7 @@ class SerialCommPort;
 class CommPort
 {
 public:
+    /// A closed port. Without memory for the platform's port it never opens.
     CommPort() noexcept;
     /// Doesn't close the port: the owner closes first.
     virtual ~CommPort();
@@ -32,6 +33,7 @@ public:
     /// As SerialCommPort::Write; doesn't ask whether the port is open.
     virtual bool Write(const char* buffer, std::uint32_t length, std::uint32_t* count);
 
+    /// Result: true from a successful Open to a successful Close. Thread: any.
     bool IsOpen() const noexcept;
 
 private:

@@ -23,11 +23,16 @@ Observable<LISTENER, LOCK>::Observable() noexcept : lock(new (std::nothrow) LOCK
 }
 
 template <class LISTENER, class LOCK>
-Observable<LISTENER, LOCK>::Observable(const Observable& other) : Observable()
+Observable<LISTENER, LOCK>::Observable(const Observable& other) noexcept : Observable()
 {
-    if (lock != nullptr && other.lock != nullptr) {
-        const LockGuard guard(*other.lock);
+    if (lock == nullptr || other.lock == nullptr) {
+        return;
+    }
+    const LockGuard guard(*other.lock);
+    try {
         listeners = other.listeners;
+    } catch (const std::bad_alloc&) {
+        listeners.clear(); // all of them or none
     }
 }
 

@@ -17,9 +17,11 @@ template <class LISTENER, class LOCK>
 class Observable
 {
 public:
+    /// No listeners. Without memory for its lock nothing can subscribe.
     Observable() noexcept;
-    /// The copy has the same listeners and a lock of its own, so that either can die first.
-    Observable(const Observable& other);
+    /// The copy has the same listeners, or none without memory for them, and a lock of its own, so that
+    /// either can die first.
+    Observable(const Observable& other) noexcept;
     Observable& operator=(const Observable&) = delete;
     /// Calls no listener.
     virtual ~Observable();
@@ -32,9 +34,11 @@ public:
     /// it.
     virtual void unsubscribe(LISTENER* listener);
 
+    /// For use inside the library, which doesn't export it.
     /// Result: true while the listener is subscribed.
     bool isSubscribed(LISTENER* listener) const;
 
+    /// For use inside the library, which doesn't export it.
     /// Hands a chunk to every listener, in ascending order of address, with the lock free.
     /// Throws std::bad_alloc when more listeners are subscribed than the stack has room for and the heap has
     /// none either; no listener has then been called.
@@ -43,7 +47,7 @@ public:
 private:
     LOCK* lock;    // guards `listeners`; null when there was no memory for it, and then nothing can subscribe
     bool ownsLock; // true from construction on
-    std::set<LISTENER*> listeners;
+    std::set<LISTENER*> listeners KEST_GUARDED_BY(*lock);
 };
 
 extern template class KEST_GPS_API Observable<CommListener, Mutex>;

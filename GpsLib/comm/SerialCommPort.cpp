@@ -12,6 +12,13 @@ constexpr DWORD READ_GAP = 100;      // [ms]
 constexpr DWORD READ_PER_BYTE = 1;   // [ms]
 constexpr DWORD READ_CONSTANT = 100; // [ms]
 
+/// The platform's word of 32 bits has another name on Windows than here.
+LPDWORD AsPlatformCount(std::uint32_t* count) noexcept
+{
+    static_assert(sizeof(DWORD) == sizeof *count);
+    return reinterpret_cast<LPDWORD>(count);
+}
+
 } // namespace
 
 SerialCommPort::SerialCommPort() noexcept : handle(INVALID_HANDLE_VALUE) {}
@@ -95,9 +102,7 @@ bool SerialCommPort::Read(char* buffer, std::uint32_t length, std::uint32_t* cou
 {
     ClearError();
     std::memset(buffer, 0, length);
-    DWORD received = 0;
-    const bool done = ReadFile(handle, buffer, length, &received, nullptr) != 0;
-    *count = received;
+    const bool done = ReadFile(handle, buffer, length, AsPlatformCount(count), nullptr) != 0;
     if (!done) {
         ClearError();
     }
@@ -107,9 +112,7 @@ bool SerialCommPort::Read(char* buffer, std::uint32_t length, std::uint32_t* cou
 bool SerialCommPort::Write(const char* buffer, std::uint32_t length, std::uint32_t* count)
 {
     ClearError();
-    DWORD sent = 0;
-    const bool done = WriteFile(handle, buffer, length, &sent, nullptr) != 0;
-    *count = sent;
+    const bool done = WriteFile(handle, buffer, length, AsPlatformCount(count), nullptr) != 0;
     if (!done) {
         ClearError();
     }

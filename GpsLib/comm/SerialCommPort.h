@@ -16,6 +16,7 @@ public:
     /// Asked of the driver for its queues; the reader's chunks are as long. [byte]
     static constexpr std::uint32_t QUEUE_SIZE = 512;
 
+    /// A closed port.
     SerialCommPort() noexcept;
     /// Makes no platform call: the owner closes first.
     virtual ~SerialCommPort();
@@ -23,9 +24,10 @@ public:
     SerialCommPort& operator=(const SerialCommPort&) = delete;
 
     /// Opens "COMn:" for exclusive use and applies settings and time-outs: a read returns at a gap of 100 ms
-    /// between bytes, or 100 ms and 1 ms for each byte asked for after it began, or when full. portNumber:
-    /// one decimal digit; the port's name has room for no more. baudRate: [bit/s]. parity, byteSize,
-    /// stopBits: the platform's DCB values; 8 bits of each count.
+    /// between bytes, or 100 ms and 1 ms for each byte asked for after it began, or when full.
+    /// portNumber: one decimal digit; the port's name has room for no more.
+    /// baudRate: [bit/s].
+    /// parity, byteSize, stopBits: the platform's DCB values; 8 bits of each count.
     /// Result: false when the name doesn't fit, there is no such port, it is in use, or it refuses a setting;
     /// the port is then closed.
     virtual bool Open(std::uint32_t portNumber, std::uint32_t baudRate, std::uint32_t parity,

@@ -18,7 +18,9 @@ public:
     CustomEvent(const CustomEvent&) = delete;
     CustomEvent& operator=(const CustomEvent&) = delete;
 
+    /// Result: what kind of event it is.
     std::uint16_t Id() const noexcept;
+    /// Result: what it was made with; borrowed.
     void* Payload() const noexcept;
 
 private:

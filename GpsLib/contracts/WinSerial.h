@@ -117,17 +117,26 @@ extern "C" {
 KEST_API HANDLE CreateFileW(LPCWSTR name, DWORD access, DWORD share, LPSECURITY_ATTRIBUTES security,
                             DWORD disposition, DWORD flags, HANDLE pattern);
 
+/// Says which events of the port somebody waits for; nobody here does.
 KEST_API BOOL SetCommMask(HANDLE port, DWORD events);
+/// Recommends the lengths of the driver's queues. [byte]
 KEST_API BOOL SetupComm(HANDLE port, DWORD inputQueue, DWORD outputQueue);
+/// Fills in the port's present settings.
 KEST_API BOOL GetCommState(HANDLE port, LPDCB settings);
 
 /// Result: 0 when the driver won't have one of the settings.
 KEST_API BOOL SetCommState(HANDLE port, LPDCB settings);
 
+/// Fills in the port's present time-outs.
 KEST_API BOOL GetCommTimeouts(HANDLE port, LPCOMMTIMEOUTS timeouts);
+/// They count from the next read or write on.
 KEST_API BOOL SetCommTimeouts(HANDLE port, LPCOMMTIMEOUTS timeouts);
+/// Raises or lowers a line of the port: SETDTR, CLRDTR, SETRTS, CLRRTS.
 KEST_API BOOL EscapeCommFunction(HANDLE port, DWORD function);
+/// Empties queues: PURGE_ bits.
 KEST_API BOOL PurgeComm(HANDLE port, DWORD queues);
+/// Clears the error state, so that the next transfer can run, and tells it and the queues. Either place may
+/// be null.
 KEST_API BOOL ClearCommError(HANDLE port, LPDWORD errors, LPCOMSTAT state);
 
 /// Reads until `length` bytes are there or a time-out ends the wait. A read that ends for want of room or
@@ -137,6 +146,7 @@ KEST_API BOOL ClearCommError(HANDLE port, LPDWORD errors, LPCOMSTAT state);
 /// also from another thread during the read, or has been gone for a whole time-out.
 KEST_API BOOL ReadFile(HANDLE port, LPVOID buffer, DWORD length, LPDWORD count, LPOVERLAPPED overlapped);
 
+/// Writes until everything is with the driver or the time-out has run out. count: set to the bytes written.
 KEST_API BOOL WriteFile(HANDLE port, LPCVOID buffer, DWORD length, LPDWORD count, LPOVERLAPPED overlapped);
 
 /// Wakes whoever waits in ReadFile or WriteFile, waits until they have left, and closes the port.

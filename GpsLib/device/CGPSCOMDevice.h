@@ -45,8 +45,11 @@ public:
     virtual bool GetLastValidData(_GPS_Data& data);
 
     /// Port settings for the next OpenGPS; an open port isn't touched. Parity stands before the byte size.
-    /// portNumber: 1 to 9, the n of "COMn:". baudRate: [bit/s]. parity: 0 none, 1 odd, 2 even, 3 mark, 4
-    /// space. byteSize: 5 to 8.
+    /// Until it is called the port number is 1 and the others are settings that no port takes.
+    /// portNumber: 1 to 9, the n of "COMn:".
+    /// baudRate: [bit/s].
+    /// parity: 0 none, 1 odd, 2 even, 3 mark, 4 space.
+    /// byteSize: 5 to 8.
     /// stopBits: 0 for one, 2 for two.
     void SetGPSCOMParam(unsigned int portNumber, unsigned int baudRate, unsigned int parity,
                         unsigned int byteSize, unsigned int stopBits);
@@ -67,9 +70,13 @@ public:
     void CloseFilter();
 
     /// Copies the raw sentences to a file, behind what is there; a log that is open goes on in its own file.
-    /// Result: false on a closed device, for a null path, or when the file can't be opened.
+    /// After the device was closed and opened again, nothing is copied until this is called anew.
+    /// path: borrowed for the call.
+    /// Result: false before OpenGPS and after CloseGPS, or when no log is open and the path is null or can't
+    /// be opened.
     bool StartWriteLog(char* path, LOGTYPE type);
-    /// Result: true when a log was open.
+    /// Ends the copying and closes the file.
+    /// Result: true when a log was open. On a closed device false, and a log stays open for the next opening.
     bool StopWriteLog();
 
     /// How the speed behaves over the last three epochs, on whole km/h. A speed beyond int's range counts as

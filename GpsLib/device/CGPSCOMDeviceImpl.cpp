@@ -67,11 +67,11 @@ bool CGPSCOMDeviceImpl::OpenGPS()
     }
     reader->subscribe(listener);
     if (!reader->isSubscribed(listener) ||
-        !reader->OpenPort(portNumber, baudRate, parity, byteSize, stopBits) || !StartReader()) {
+        !reader->OpenPort(portNumber, baudRate, parity, byteSize, stopBits)) {
         CloseGPS();
         return false;
     }
-    return true;
+    return StartReader();
 }
 
 bool CGPSCOMDeviceImpl::MakeParts()
@@ -94,11 +94,11 @@ bool CGPSCOMDeviceImpl::StartReader()
     try {
         const KestThread::Thread thread(reader); // goes on without this object
         opened = true;
-        return true;
     } catch (...) {
-        port->Close(); // first: on an open port Stop would wait for a thread that there isn't
-        return false;
+        port->Close(); // not through Stop, which would wait for the thread that there isn't
+        DeleteParts();
     }
+    return opened;
 }
 
 bool CGPSCOMDeviceImpl::CloseGPS()

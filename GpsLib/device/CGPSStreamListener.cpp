@@ -25,7 +25,7 @@ namespace GPS
 {
 
 CGPSStreamListener::CGPSStreamListener(CGPSCOMDeviceImpl* device, CGPSLogDeviceImpl* logWriter) noexcept
-    : parser(new (std::nothrow) CNMEAParser),
+    : parser(nullptr),
       device(device),
       logWriter(logWriter),
       noFix(true),
@@ -35,6 +35,7 @@ CGPSStreamListener::CGPSStreamListener(CGPSCOMDeviceImpl* device, CGPSLogDeviceI
 {
     ClearRecord(record);
     CNMEAParser::ResetAccumulator(accumulator);
+    parser = new (std::nothrow) CNMEAParser;
 }
 
 CGPSStreamListener::~CGPSStreamListener()

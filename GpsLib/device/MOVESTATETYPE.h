@@ -1,6 +1,7 @@
 // MOVESTATETYPE.h: how the vehicle's speed behaves over the last three epochs.
 #pragma once
 
+/// Mind the values: 4 is a changing speed here and a steady heading in HEADINGSTATETYPE.
 enum MOVESTATETYPE {
     MOVESTATE_SLOW = 0,     ///< all three speeds are below 10 km/h
     MOVESTATE_STEADY = 1,   ///< the speed changed by 5 km/h or less on at least one of the last two steps

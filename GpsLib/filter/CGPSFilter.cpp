@@ -112,6 +112,7 @@ void CGPSFilter::Filter(_GPS_Filter_Data& data) noexcept
             Step(data, AngleOf(data));
         }
     } catch (const std::bad_alloc&) {
+        kalman->SetObservation(nullptr); // the step's own, which is gone
         data = asParsed;
         firstFix = true;
     }

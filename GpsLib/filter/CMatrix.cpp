@@ -1,7 +1,11 @@
 #include "GpsLib/filter/CMatrix.h"
 
 #include <algorithm>
+#include <cfloat>
 #include <new>
+
+// Excess precision would give the filter other bits; on 32-bit x86 build with -mfpmath=sse.
+static_assert(FLT_EVAL_METHOD == 0);
 
 namespace GPS
 {
@@ -146,11 +150,10 @@ double CMatrix::Cofactor(int row, int column) const
     CMatrix smaller(Unwritten(), cols - 1, rows - 1);
     double* next = smaller.data;
     for (int r = 0; r < rows; ++r) {
-        for (int c = 0; c < cols; ++c) {
-            if (r != row && c != column) {
-                *next = (*this)[r][c];
-                ++next;
-            }
+        if (r != row) {
+            const double* const from = (*this)[r];
+            next = std::copy(from, from + column, next);
+            next = std::copy(from + column + 1, from + cols, next);
         }
     }
     const double sign = (row + column) % 2 == 0 ? 1.0 : -1.0;
@@ -212,13 +215,17 @@ CMatrix CMatrix::operator*(const CMatrix& right) const
         return *this;
     }
     CMatrix result(Unwritten(), right.cols, rows);
-    for (int i = 0; i < rows; ++i) {
+    double* next = result.data;
+    const double* row = data;
+    for (int i = 0; i < rows; ++i, row += cols) {
         for (int j = 0; j < right.cols; ++j) {
+            const double* element = right.data + j;
             double sum = 0.0;
-            for (int k = 0; k < cols; ++k) {
-                sum = right[k][j] * (*this)[i][k] + sum;
+            for (int k = 0; k < cols; ++k, element += right.cols) {
+                sum = *element * row[k] + sum;
             }
-            result[i][j] = sum;
+            *next = sum;
+            ++next;
         }
     }
     return result;

@@ -42,8 +42,9 @@ public:
     bool OpenLogFileForRead(const char* path);
     void OpenFilter() noexcept { filterOn = true; }
     void CloseFilter() noexcept { filterOn = false; }
-    /// Reads a line, or a piece of a long one, of at most `size` - 1 bytes; a bare LF comes out as CR LF.
-    /// buffer: `size` bytes and one more, zero-filled but for the line. size: [byte], at most 255.
+    /// Reads a line, or a piece of 254 bytes of a longer one; a bare LF comes out as CR LF.
+    /// buffer: 256 bytes, of which `size` are zero-filled first.
+    /// size: 255 [byte], for the longest piece and the CR that it may get.
     /// Result: the length [byte], 0 with no log open and for a line that begins with NUL, -1 at the end of
     /// the file.
     std::int32_t ReadLine(char* buffer, std::int32_t size);
@@ -52,10 +53,10 @@ public:
     bool GetWholeSate(_GPS_Satellite& satellite) const noexcept;
 
 private:
-    void WriteLine(const char* text);
+    void WriteLine(const char* text) KEST_REQUIRES(writeLock);
     bool GatherFix(_GPS_Data& record);
 
-    CStdioFile writeFile;         // guarded by writeLock
+    CStdioFile writeFile KEST_GUARDED_BY(writeLock);
     CStdioFile readFile;          // its read position is the whole state of the replay
     std::atomic<LOGTYPE> logType; // set by the application's threads, read by the reader thread
     std::uint32_t readFormat;     // the parser's format; 0, the only one there is

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 #include "GpsLib/comm/LockGuard.h"
 
@@ -11,7 +12,7 @@ namespace
 
 constexpr char LINE_END[] = {'\r', '\n'};
 constexpr std::size_t LINE_END_LENGTH = sizeof LINE_END;
-constexpr std::size_t LINE_ROOM = 255; // a text without its line end that fits here goes out in one write
+constexpr std::size_t LINE_ROOM = 255; // a text and the line end that it gets go out in one write up to here
 
 bool HasLineEnd(const char* text, std::size_t length) noexcept
 {
@@ -49,7 +50,9 @@ bool CGPSLogDeviceImpl::OpenLogFileForWrite(const char* path)
         opened.reset(std::fopen(path, "wb+"));
     }
     const LockGuard guard(writeLock);
-    writeFile = std::move(opened);
+    if (writeFile == nullptr) { // nobody was faster
+        writeFile = std::move(opened);
+    }
     return writeFile != nullptr;
 }
 
@@ -85,12 +88,11 @@ void CGPSLogDeviceImpl::WriteLine(const char* text)
 
 bool CGPSLogDeviceImpl::CloseLogFile()
 {
-    CStdioFile closing;
-    {
-        const LockGuard guard(writeLock);
-        closing = std::move(writeFile);
-    }
-    return closing != nullptr; // closes here, with the lock free: writing out can take its time
+    const LockGuard guard(
+        writeLock); // until all is written out, so that no second stream gets in between two lines
+    const bool wasOpen = writeFile != nullptr;
+    writeFile.reset();
+    return wasOpen;
 }
 
 } // namespace GPS

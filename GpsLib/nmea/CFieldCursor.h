@@ -28,6 +28,7 @@ public:
         return true;
     }
 
+    /// Result: the field's number; 0 before the first.
     std::size_t Number() const noexcept { return number; }
     bool Empty() const noexcept { return *at == ','; }
     const char* Text() const noexcept { return at; }

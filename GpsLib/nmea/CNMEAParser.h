@@ -28,13 +28,14 @@ public:
     static void ResetAccumulator(_GPS_Satellite& accumulator) noexcept;
 
     /// Offers a sentence to the parsers; the one way in.
-    /// sentence: zero-terminated, or null. length: as the caller counts it [byte]. format: 0, the only one
-    /// there is.
+    /// sentence: zero-terminated, or null.
+    /// length: as the caller counts it [byte].
+    /// format: 0, the only one there is.
     /// record: updated in place by a sentence that parses, else untouched.
     /// accumulator: survives between calls and epochs; clearing the record doesn't touch it.
     /// Result: false for a foreign sentence, a wrong length or format. True says no more than that a "GP"
-    /// sentence of acceptable length was
-    /// offered: not that its type is known, its checksum right or a field stored.
+    /// sentence of acceptable length was offered: not that its type is known, its checksum right or a field
+    /// stored.
     bool Parse(const char* sentence, std::int32_t length, std::int32_t format, _GPS_Data& record,
                _GPS_Satellite& accumulator = gsvAccumulator) const noexcept;
 

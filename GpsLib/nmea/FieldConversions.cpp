@@ -1,5 +1,6 @@
 #include "GpsLib/nmea/FieldConversions.h"
 
+#include <algorithm>
 #include <charconv>
 #include <limits>
 
@@ -139,19 +140,15 @@ double ToDouble(const char* text) noexcept
 
 int ToInt(const char* text) noexcept
 {
-    constexpr int MAX = std::numeric_limits<int>::max();
+    constexpr std::int64_t MIN = std::numeric_limits<int>::min();
+    constexpr std::int64_t MAX = std::numeric_limits<int>::max();
     text = SkipSpace(text);
     const bool negative = TakeSign(text);
-    int value = 0; // built below zero, where int reaches one further
+    std::int64_t value = 0;
     for (; IsDigit(*text); ++text) {
-        const int digit = *text - '0';
-        if (value < (-MAX - 1 + digit) / 10) {
-            return negative ? -MAX - 1 : MAX;
+        if (value <= MAX) { // beyond it further digits change nothing
+            value = value * 10 + (*text - '0');
         }
-        value = value * 10 - digit;
     }
-    if (negative) {
-        return value;
-    }
-    return value < -MAX ? MAX : -value;
+    return static_cast<int>(std::clamp(negative ? -value : value, MIN, MAX));
 }

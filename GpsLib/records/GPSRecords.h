@@ -9,9 +9,9 @@
 #include <cstring>
 
 /// A position. 180.0, 90.0 together mean that no position has been stored.
-struct tagLonLat {
-    double lon; ///< [deg] east positive
-    double lat; ///< [deg] north positive
+struct alignas(8) tagLonLat { // also where doubles are content with 4, so that every record has one layout
+    double lon;               ///< [deg] east positive
+    double lat;               ///< [deg] north positive
 };
 
 /// The pair that means "no position". A parser starts from it and stores a position only when neither

@@ -41,12 +41,20 @@ bool CGPSSimuDevice::SetSimuParam(CPath* path, double timeStep, double speed)
 
 bool CGPSSimuDevice::BeginSimu()
 {
-    return impl != nullptr && impl->BeginSimu();
+    try {
+        return impl != nullptr && impl->BeginSimu();
+    } catch (...) { // of the route's
+        return false;
+    }
 }
 
 bool CGPSSimuDevice::GetGPSData(_GPS_Data& data)
 {
-    return impl != nullptr && impl->NextStep(data) == CGPSSimuDeviceImpl::STEP_MADE;
+    try {
+        return impl != nullptr && impl->NextStep(data) == CGPSSimuDeviceImpl::STEP_MADE;
+    } catch (...) { // of the route's; the drive has failed
+        return false;
+    }
 }
 
 bool CGPSSimuDevice::GetGPSDataWithoutSate(_GPS_Data_Without_Sate& /*data*/)

@@ -15,7 +15,8 @@ class CGPSSimuDeviceImpl;
 ///
 /// Copies share the drive: each step is everybody's, and EndSimu on one ends it for all. A device without a
 /// drive answers false.
-/// Thread: one at a time over all copies. No exception leaves any operation that `CPath` doesn't throw.
+/// Thread: one at a time over all copies. No exception leaves any operation; what a route throws ends the
+/// drive.
 ///
 /// Virtual operations in slot order, which is ABI.
 class KEST_GPS_API CGPSSimuDevice : public CGPSDeviceEx
@@ -28,7 +29,8 @@ public:
 
     /// Sets route, time step and speed; on a drive under way they count from the next step on, the route's
     /// first block from the next BeginSimu on.
-    /// path: borrowed until EndSimu; null is refused by BeginSimu.
+    /// path: borrowed until EndSimu; null is refused by BeginSimu, and under way
+    /// ends the drive where the next block is due.
     /// timeStep: [s]. speed: [km/h], at most 300; more counts as 300. Both must be above 0, which BeginSimu
     /// tests.
     /// Result: false without memory for the drive.

@@ -91,17 +91,17 @@ std::uint32_t CGPSSimuDeviceImpl::NextStep(_GPS_Data& record)
     if (!driving) {
         return STEP_FAILED;
     }
+    driving = false; // until the step is made, whatever the route does
     tagLonLat next{};
     if (!Advance(next) || !IsOnEarth(next)) {
-        driving = false;
         return STEP_FAILED;
     }
     if (finished) {
         next = guide.endPoint;
-        driving = false;
     }
     FillRecord(next, record);
     position = next;
+    driving = !finished;
     return finished ? STEP_ARRIVED : STEP_MADE;
 }
 
@@ -131,7 +131,7 @@ bool CGPSSimuDeviceImpl::LeaveBlock()
     }
     const PathGuid from = guide;
     segmentIndex = 0;
-    return path->GetNextGuid(from, guide) != 0 && IsWalkable(guide);
+    return path != nullptr && path->GetNextGuid(from, guide) != 0 && IsWalkable(guide);
 }
 
 void CGPSSimuDeviceImpl::FillRecord(const tagLonLat& next, _GPS_Data& record) const

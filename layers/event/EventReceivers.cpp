@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <condition_variable>
+#include <iterator>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <utility>
 #include <vector>
 
@@ -50,9 +52,9 @@ public:
     ReceiverId Add(std::uint16_t id, Receiver receiver)
     {
         const std::lock_guard<std::mutex> held(lock);
-        auto longer = std::make_shared<List>(*list);
+        const std::shared_ptr<List> longer = Present();
         longer->push_back(std::make_shared<Registration>(lastNumber + 1, id, std::move(receiver)));
-        list = std::move(longer);
+        list = longer;
         return ++lastNumber;
     }
 
@@ -60,18 +62,21 @@ public:
     {
         std::shared_ptr<Registration> leaving; // outlives the lock: its receiver's own parts may die with it
         std::unique_lock<std::mutex> held(lock);
-        const auto found = std::find_if(list->begin(), list->end(),
-                                        [number](const auto& entry) { return entry->number == number; });
+        const auto found = std::find_if(list->begin(), list->end(), [number](const auto& entry) {
+            return entry->number == number && !entry->removed;
+        });
         if (found == list->end()) {
             return false;
         }
         leaving = *found;
-        auto shorter = std::make_shared<List>(*list);
-        shorter->erase(shorter->begin() + (found - list->begin()));
-        list = std::move(shorter);
         leaving->removed = true;
         const int own = CallsOnThisThread(*leaving);
         callEnded.wait(held, [&leaving, own] { return leaving->running == own; });
+        try {
+            list = Present(); // else the next registration drops it
+        } catch (
+            const std::bad_alloc&) { // NOLINT(bugprone-empty-catch): it isn't called any more all the same
+        }
         return true;
     }
 
@@ -94,6 +99,15 @@ public:
 
 private:
     using List = std::vector<std::shared_ptr<Registration>>;
+
+    /// A list of those that are registered now, for a change.
+    std::shared_ptr<List> Present() const
+    {
+        auto present = std::make_shared<List>();
+        std::copy_if(list->begin(), list->end(), std::back_inserter(*present),
+                     [](const auto& entry) { return !entry->removed; });
+        return present;
+    }
 
     static void CallReceiver(const Registration& registration, const CustomEvent& event) noexcept
     {

@@ -1,0 +1,80 @@
+#include "bench/Corpus.h"
+
+#include <algorithm>
+
+#include "GpsLib/comm/CommReader.h"
+#include "GpsLib/nmea/CNMEAParser.h"
+
+namespace
+{
+
+std::string Digits(int value, std::size_t width)
+{
+    const std::string digits = std::to_string(value);
+    return std::string(width - std::min(width, digits.size()), '0') + digits;
+}
+
+/// value: in tenths.
+std::string Tenths(int value)
+{
+    return Digits(value / 10, 3) + "." + Digits(value % 10, 1);
+}
+
+/// Degrees and minutes. tenThousandths: of a minute.
+std::string Angle(const char* degrees, int tenThousandths)
+{
+    return degrees + Digits(tenThousandths / 10000, 2) + "." + Digits(tenThousandths % 10000, 4);
+}
+
+std::string Sentence(const std::string& body)
+{
+    char digits[2] = {};
+    GPS::CNMEAParser().ComputeChecksum(body.c_str(), digits);
+    return "$" + body + "*" + digits[0] + digits[1] + "\r\n";
+}
+
+} // namespace
+
+std::vector<std::string> Epoch(int second)
+{
+    const std::string clock = Digits(101500 + second / 60 * 100 + second % 60, 6) + ".00";
+    const std::string place =
+        Angle("31", 142500 + second * 37 % 5000) + ",N," + Angle("121", 294990 + second * 53 % 5000) + ",E";
+    const std::string course = Tenths(800 + second % 90 * 7);
+    const std::string snr = Digits(30 + second % 19, 2);
+    const int knots = 200 + second % 17 * 10; // in tenths
+    return {
+        Sentence("GPGGA," + clock + "," + place + ",1,08,0.9," + Tenths(125 + second % 7) + ",M,7.9,M,,"),
+        Sentence("GPGLL," + place + "," + clock + ",A,A"),
+        Sentence("GPGSA,A,3,04,05,09,12,17,24,28,31,,,,,1.8,0.9,1.5"),
+        Sentence("GPGSV,3,1,11,04,40,083," + snr + ",05,17,308,41,09,07,344,39,12,22,228,45"),
+        Sentence("GPGSV,3,2,11,17,65,112," + snr + ",24,31,046,44,28,51,270,42,31,12,190,33"),
+        Sentence("GPGSV,3,3,11,02,05,021,,10,03,155,,20,09,077," + snr),
+        Sentence("GPRMC," + clock + ",A," + place + "," + Tenths(knots) + "," + course + ",230326,,,A"),
+        Sentence("GPVTG," + course + ",T,,M," + Tenths(knots) + ",N," + Tenths(knots * 1852 / 1000) + ",K,A"),
+        Sentence("GPZDA," + clock + ",23,03,2026,00,00"),
+    };
+}
+
+std::vector<std::string> Epochs(int count)
+{
+    std::vector<std::string> sentences;
+    for (int second = 0; second < count; ++second) {
+        for (std::string& sentence : Epoch(second)) {
+            sentences.push_back(std::move(sentence));
+        }
+    }
+    return sentences;
+}
+
+std::vector<std::string> Chunks(const std::vector<std::string>& sentences)
+{
+    std::vector<std::string> chunks(1);
+    for (const std::string& sentence : sentences) {
+        if (chunks.back().size() + sentence.size() > CommReader::CHUNK_MAX) {
+            chunks.emplace_back();
+        }
+        chunks.back() += sentence;
+    }
+    return chunks;
+}

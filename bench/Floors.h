@@ -1,0 +1,11 @@
+// Floors.h: the least that any parser does with a sentence, for the parser's time to be measured against.
+#pragma once
+
+#include <string>
+
+/// The checksum alone.
+unsigned XorFloor(const std::string& sentence) noexcept;
+
+/// The checksum, and std::from_chars on every field that begins with a digit: to double where it holds a
+/// point, else to int. Result: something that depends on all of it.
+double FromCharsFloor(const std::string& sentence) noexcept;

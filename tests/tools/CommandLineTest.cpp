@@ -1,0 +1,148 @@
+// The built program from outside: its lines, its exit status, its complaints.
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+
+#include "LineReader.h"
+#include "NmeaReading.h"
+#include "tests/tools/Program.h"
+#include "tools/DemoDrive.h"
+#include "tools/Emulator.h"
+#include "tools/EpochLine.h"
+
+namespace
+{
+
+struct Complaint {
+    const char* arguments;
+    int status;
+    const char* told;
+};
+
+const Complaint COMPLAINTS[] = {
+    {"", 2, "live, emulate, replay or simulate"},
+    {"steer", 2, "steer"},
+    {"live", 2, "one of --port N, --device PATH and --demo"},
+    {"live --port 1 --demo", 2, "one of --port N, --device PATH and --demo"},
+    {"live --port 1 --factor 2", 2, "--demo"},
+    {"live --demo --baud 0", 2, "from 50 to 4000000"},
+    {"live --demo --baud 9600.5", 2, "9600.5"},
+    {"live --demo --factor nan", 2, "--factor"},
+    {"live --demo --seconds -1", 2, "--seconds"},
+    {"live --demo --parity loud", 2, "none,odd,even,mark,space"},
+    {"live --device /dev/none", 1, "no such device: /dev/none"},
+    {"live --device /dev/null", 1, "not a serial device"},
+    {"live --demo --parity odd", 1, "refuses the settings --baud 9600 --parity odd"},
+    {"live --demo --log /none/log", 1, "can't write the log /none/log"},
+    {"emulate /none", 1, "can't read /none: No such file"},
+    {"emulate /dev/null", 1, "nothing to play"},
+    {"emulate --period -1", 2, "--period"},
+    {"emulate --factor inf", 2, "--factor"},
+    {"emulate --link /", 1, "/ exists already"},
+    {"replay", 2, "FILE"},
+    {"replay /none", 1, "can't read /none: No such file"},
+    {"replay /", 1, "name a log file"},
+    {"replay /dev/null", 1, "gave no epoch"},
+    {"replay /etc/passwd", 1, "is no NMEA log"},
+    {"replay /etc/passwd --rate 0", 2, "--rate"},
+    {"simulate", 2, "ROUTE"},
+    {"simulate /none", 1, "can't read /none: No such file"},
+    {"simulate /", 1, "can't read /"},
+    {"simulate /dev/null", 1, "line 1: a route needs two points"},
+    {"simulate /etc/passwd", 1, "/etc/passwd, line "},
+    {"simulate /etc/passwd --speed 301", 2, "--speed"},
+    {"simulate /etc/passwd --step nan", 2, "--step"},
+};
+
+TEST(CommandLine, AFailureIsOneLineThatTellsWhatIsWrong)
+{
+    for (const Complaint& complaint : COMPLAINTS) {
+        Program program(std::string(complaint.arguments) + " 2>&1 >/dev/null");
+        const auto lines = program.Lines();
+        ASSERT_EQ(lines.size(), 1U) << complaint.arguments;
+        EXPECT_EQ(lines[0].find("kestgps: "), 0U) << lines[0];
+        EXPECT_NE(lines[0].find(complaint.told), std::string::npos) << lines[0];
+        EXPECT_EQ(program.Status(), complaint.status) << complaint.arguments;
+    }
+}
+
+TEST(CommandLine, ADeviceInUseAndASilentOneAreToldApart)
+{
+    const kestgps::Emulator silent("", {});
+    const std::string live = "live --device " + silent.DevicePath() + " --seconds 0.2 2>&1 >/dev/null";
+    Program waits(live);
+    EXPECT_NE(waits.Line().find("no epoch came"), std::string::npos);
+    EXPECT_EQ(waits.Status(), 1);
+
+    const kestgps::FileDescriptor user(open(silent.DevicePath().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
+    ASSERT_EQ(flock(user.Get(), LOCK_EX), 0);
+    Program refused(live);
+    EXPECT_NE(refused.Line().find("busy"), std::string::npos);
+    EXPECT_EQ(refused.Status(), 1);
+}
+
+TEST(CommandLine, LivePrintsTheEpochsAskedForAndTheSummary)
+{
+    Program program("live --demo --factor 1000 --epochs 3 --events --state");
+    const std::string parked =
+        "08:30:00  fix   50.0000000   10.0000000    0.0 km/h   20.0 deg  satellites  8/11  hdop 0.9"
+        "  move slow, heading turning\n";
+    EXPECT_EQ(program.Line(), "event 1002 moved\n"); // away from 0, 0
+    EXPECT_EQ(program.Line(), "event 1001 epoch\n");
+    EXPECT_EQ(program.Line(), parked);
+    EXPECT_EQ(program.LastLine(), "events: 1001 epoch 3, 1002 moved 1\n");
+    EXPECT_EQ(program.Status(), 0);
+}
+
+TEST(CommandLine, LiveEndsWellWhenItsReaderGoesAndBadlyWhenItsDiskIsFull)
+{
+    Program left("live --demo --factor 1000 2>&1");
+    EXPECT_EQ(left.Line().substr(0, 13), "08:30:00  fix");
+    EXPECT_EQ(left.Status(), 0); // it ends by itself and by no signal
+
+    Program full("live --demo --factor 1000 2>&1 >/dev/full");
+    EXPECT_NE(full.Line().find("can't write the output"), std::string::npos);
+    EXPECT_EQ(full.Status(), 1);
+}
+
+TEST(CommandLine, SignalsEndLiveWithItsSummary)
+{
+    Program program("live --demo --factor 1000");
+    program.Line();
+    kill(program.Id(), SIGINT); // both at once, as whoever ends a whole group does
+    kill(program.Id(), SIGTERM);
+    EXPECT_EQ(program.LastLine().substr(0, 19), "events: 1001 epoch ");
+    EXPECT_EQ(program.Status(), 0);
+}
+
+TEST(CommandLine, EmulatePlaysTheDriveUnderBothItsNames)
+{
+    const std::string link = testing::TempDir() + "kestgps-test-" + std::to_string(getpid());
+    Program program("emulate --factor 1000000 --link " + link);
+    const std::string path = program.Line();
+    char target[64] = "";
+    EXPECT_GT(readlink(link.c_str(), target, sizeof target - 1), 0);
+    EXPECT_EQ(path, target + std::string("\n"));
+    EXPECT_TRUE(LineReader(link).ReadToEnd() == kestgps::DemoDrive());
+    EXPECT_EQ(program.Status(), 0);
+    EXPECT_NE(access(link.c_str(), F_OK), 0);
+}
+
+TEST(EpochLine, WithoutAFixShowsNoPosition)
+{
+    _GPS_Data lost;
+    lost.time = {23, 5, 9, {}};
+    EXPECT_EQ(kestgps::EpochLine(lost), "23:05:09  no fix");
+    lost.valid = 1;
+    lost.lonLat = {-179.12345678, -0.00000001}; // rounds to a zero without a sign
+    EXPECT_NE(kestgps::EpochLine(lost).find("   0.0000000 -179.1234568"), std::string::npos);
+}
+
+} // namespace

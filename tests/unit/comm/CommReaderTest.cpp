@@ -1,0 +1,162 @@
+// The loop on the reader thread and the handshake that ends it.
+#include "GpsLib/comm/CommReader.h"
+
+#include <stdexcept>
+
+#include "GpsLib/comm/CommPort.h"
+#include "tests/support/FakeWorld.h"
+#include "tests/unit/comm/ChunkKeeper.h"
+
+namespace
+{
+
+using Fake = FakeSerialCalls;
+using Chunks = std::vector<std::string>;
+using Sleeps = std::vector<unsigned long>;
+
+/// A port whose closing the test can refuse, or follow at once.
+class WatchedPort final : public CommPort
+{
+public:
+    bool Close() override
+    {
+        const bool closed = !refuses && CommPort::Close();
+        if (closed && behindClose) {
+            behindClose();
+        }
+        return closed;
+    }
+
+    bool refuses = false;
+    std::function<void()> behindClose;
+};
+
+class ReaderLoop : public support::FakeWorld
+{
+protected:
+    void Start()
+    {
+        reader.subscribe(&keeper);
+        ASSERT_TRUE(reader.OpenPort(1, 4800, 0, 8, 0));
+        const KestThread::Thread thread(&reader);
+    }
+
+    /// Stops the reader. Result: whether its thread has ended.
+    bool Ends() { return reader.Stop() && FakeThread::Running() == 0; }
+
+    WatchedPort port;
+    CommReader reader{&port};
+    ChunkKeeper keeper;
+};
+
+TEST_F(ReaderLoop, SleepFollowsEveryReadThatSucceeded)
+{
+    Start();
+    Fake::Play("longer");
+    Fake::PlayTimeOut();
+    Fake::Play("last");
+    FakeThread::Run();
+    EXPECT_EQ(keeper.chunks, (Chunks{"longer", "last"}));
+    EXPECT_EQ(FakeThread::sleeps, (Sleeps{50, 50, 50}));
+}
+
+TEST_F(ReaderLoop, FailedReadIsTriedAgainAtOnce)
+{
+    Start();
+    Fake::PlayFailure();
+    Fake::PlayFailure();
+    FakeThread::Run();
+    EXPECT_EQ(FakeThread::sleeps, Sleeps{});
+    Fake::Play("a");
+    FakeThread::Run();
+    EXPECT_EQ(keeper.chunks, Chunks{"a"});
+    EXPECT_EQ(FakeThread::sleeps, Sleeps{50});
+}
+
+TEST_F(ReaderLoop, ChunkIsAtMost512Bytes)
+{
+    Start();
+    Fake::Play(std::string(513, 'x'));
+    FakeThread::Run();
+    EXPECT_EQ(keeper.chunks, (Chunks{std::string(512, 'x'), "x"}));
+    EXPECT_EQ(Fake::journal.back(), "ReadFile 0x200 zeroed");
+}
+
+TEST_F(ReaderLoop, ListenerThatThrowsLosesThatChunkAlone)
+{
+    Start();
+    keeper.inside = [] { throw std::runtime_error("listener"); };
+    Fake::Play("a");
+    Fake::Play("b");
+    FakeThread::Run();
+    EXPECT_EQ(keeper.chunks, (Chunks{"a", "b"}));
+    EXPECT_EQ(FakeThread::sleeps, (Sleeps{50, 50}));
+}
+
+class StopHandshake : public ReaderLoop
+{
+};
+
+TEST_F(StopHandshake, PortThatNeverOpenedStopsAtOnce)
+{
+    Fake::failing = {"CreateFileW"};
+    EXPECT_FALSE(reader.OpenPort(1, 4800, 0, 8, 0));
+    EXPECT_TRUE(reader.Stop());
+}
+
+TEST_F(StopHandshake, EndsAReadThatWaits)
+{
+    Start();
+    FakeThread::Run();
+    Fake::Play("too late");
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(keeper.chunks, Chunks{});
+    EXPECT_EQ(FakeThread::sleeps, Sleeps{20});
+    EXPECT_TRUE(reader.Stop()) << "a second time";
+}
+
+TEST_F(StopHandshake, ReachesAThreadThatHasNotYetRun)
+{
+    Start();
+    EXPECT_TRUE(Ends());
+    EXPECT_EQ(FakeThread::sleeps, Sleeps{20});
+}
+
+TEST_F(StopHandshake, SignalIsNotLostWhenTheLoopEndsBeforeTheWait)
+{
+    Start();
+    FakeThread::Run();
+    port.behindClose = [] { FakeThread::Run(); }; // the loop sees the closed port, and Stop is still in Close
+    EXPECT_TRUE(Ends());
+}
+
+TEST_F(StopHandshake, RefusedCloseLeavesTheThreadGoing)
+{
+    Start();
+    port.refuses = true;
+    EXPECT_FALSE(reader.Stop());
+    Fake::Play("a");
+    FakeThread::Run();
+    EXPECT_EQ(keeper.chunks, Chunks{"a"});
+    port.refuses = false;
+    EXPECT_TRUE(Ends());
+}
+
+TEST_F(StopHandshake, OnTheReaderThreadItChangesNothing)
+{
+    CommPort closed;
+    CommReader other(&closed);
+    Start();
+    keeper.inside = [this, &other] {
+        EXPECT_FALSE(reader.Stop());
+        EXPECT_TRUE(other.Stop()) << "another reader's";
+    };
+    Fake::Play("a");
+    Fake::Play("b");
+    FakeThread::Run();
+    EXPECT_EQ(keeper.chunks, (Chunks{"a", "b"}));
+    EXPECT_TRUE(Fake::open);
+    EXPECT_TRUE(Ends());
+}
+
+} // namespace

@@ -1,0 +1,219 @@
+// What becomes of a closed epoch: records, moves, losses, and when each is told.
+#include <cmath>
+#include <new>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "tests/support/FakeWorld.h"
+#include "tests/support/Row.h"
+#include "tests/unit/device/ReceiverFeed.h"
+
+namespace
+{
+
+using support::FixAt;
+using support::NoFix;
+using support::operator<<;
+using Ids = std::vector<std::uint16_t>;
+
+constexpr double LIMIT = 5e-5; // [deg]
+const double ABOVE = std::nextafter(LIMIT, 1.0);
+
+class FixIntake : public support::FakeWorld
+{
+protected:
+    /// Result: the events of this epoch.
+    Ids Take(_GPS_Data record)
+    {
+        device.TakeFix(record);
+        return std::exchange(FakeEventHouse::ids, {});
+    }
+
+    Ids TakeNoneAt(std::uint32_t milliseconds)
+    {
+        FakeTickCount::Set(milliseconds);
+        return Take(NoFix());
+    }
+
+    GPS::CGPSCOMDeviceImpl device;
+};
+
+struct MoveCase {
+    const char* rule;
+    tagLonLat before;
+    tagLonLat now;
+    Ids events;
+};
+
+const MoveCase MOVE_CASES[] = {
+    {"StandingStillIsNone", {121.0, 31.0}, {121.0, 31.0}, {}},
+    {"BothAtTheLimitIsNone", {0.0, 0.0}, {LIMIT, -LIMIT}, {}},
+    {"BackFromTheLimitIsNone", {LIMIT, -LIMIT}, {0.0, 0.0}, {}},
+    {"LongitudeAboveTheLimit", {0.0, 0.0}, {ABOVE, 0.0}, {1002}},
+    {"WestwardAboveTheLimit", {ABOVE, 0.0}, {0.0, 0.0}, {1002}},
+    {"LatitudeAboveTheLimit", {0.0, 0.0}, {0.0, ABOVE}, {1002}},
+    {"SouthwardAboveTheLimit", {0.0, ABOVE}, {0.0, 0.0}, {1002}},
+    {"BothAboveIsOneMove", {0.0, 0.0}, {1.0, 1.0}, {1002}},
+    {"AcrossTheMeridianIsFar", {179.99999, 0.0}, {-179.99999, 0.0}, {1002}},
+};
+
+class MoveLimit : public FixIntake, public testing::WithParamInterface<MoveCase>
+{
+};
+
+TEST_P(MoveLimit, IsStrict)
+{
+    Take(FixAt(GetParam().before.lon, GetParam().before.lat));
+    EXPECT_EQ(Take(FixAt(GetParam().now.lon, GetParam().now.lat)), GetParam().events);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rules, MoveLimit, testing::ValuesIn(MOVE_CASES), support::RuleName());
+
+TEST_F(FixIntake, EpochWithoutAPositionStandsAtZero)
+{
+    EXPECT_EQ(Take(FixAt(LIMIT, LIMIT)), Ids{}) << "as does the one before the first";
+    Take(FixAt(121.0, 31.0));
+    EXPECT_EQ(Take(NoFix()), Ids{});
+    EXPECT_EQ(Take(FixAt(121.0, 31.0)), Ids{1002});
+}
+
+TEST_F(FixIntake, HistoryShiftsByOneEpochAndLastValidStays)
+{
+    const std::pair<double, MOVESTATETYPE> EPOCHS[] = {
+        {10.0, MOVESTATE_STEADY},   {30.0, MOVESTATE_CHANGING},
+        {50.0, MOVESTATE_CHANGING}, {50.0, MOVESTATE_STEADY},
+        {70.0, MOVESTATE_STEADY},   {90.0, MOVESTATE_CHANGING}}; // with 0 and 0 before the first
+    for (const auto& [speed, state] : EPOCHS) {
+        _GPS_Data fix = FixAt(1.0, 1.0);
+        fix.speed = speed;
+        Take(fix);
+        EXPECT_EQ(device.GetVehicleCurrMoveState(), state) << speed;
+    }
+    Take(NoFix());
+    _GPS_Data last;
+    EXPECT_FALSE(device.GetGPSData(last));
+    EXPECT_TRUE(device.GetLastValidData(last));
+    EXPECT_EQ(last.speed, 90.0);
+}
+
+struct LossCase {
+    const char* rule;
+    std::uint32_t lostAt; // [ms]
+    std::uint32_t now;    // [ms]
+    Ids events;
+};
+
+const LossCase LOSS_CASES[] = {
+    {"SixtyWholeSecondsAreNotEnough", 1999, 61999, {}},
+    {"SixtyOneAreHoweverShort", 1999, 62000, {1003}},
+    {"FractionsDoNotCount", 1000, 61999, {}},
+    {"WrappedCountIsLongAfter", 0xFFFFFFFF, 1000, {1003}}, // the seconds differ by nearly 2 to the 32
+};
+
+class LossLimit : public FixIntake, public testing::WithParamInterface<LossCase>
+{
+};
+
+TEST_P(LossLimit, IsStrictOnWholeSeconds)
+{
+    Take(FixAt(0.0, 0.0));
+    EXPECT_EQ(TakeNoneAt(GetParam().lostAt), Ids{});
+    EXPECT_EQ(TakeNoneAt(GetParam().now), Ids{}) << "the second epoch tests nothing";
+    EXPECT_EQ(TakeNoneAt(GetParam().now), GetParam().events);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rules, LossLimit, testing::ValuesIn(LOSS_CASES), support::RuleName());
+
+TEST_F(FixIntake, LossIsToldAtEveryEpochAndCountsAnewAfterAFix)
+{
+    EXPECT_EQ(TakeNoneAt(60999), Ids{}) << "never had a fix: counts from system start";
+    EXPECT_EQ(TakeNoneAt(61000), Ids{1003});
+    EXPECT_EQ(TakeNoneAt(61000), Ids{1003});
+    EXPECT_EQ(Take(FixAt(0.0, 0.0)), Ids{});
+    EXPECT_EQ(TakeNoneAt(64000), Ids{});
+    EXPECT_EQ(TakeNoneAt(65000), Ids{});
+    EXPECT_EQ(TakeNoneAt(124000), Ids{});
+    EXPECT_EQ(TakeNoneAt(125000), Ids{1003});
+}
+
+TEST_F(FixIntake, SmoothingRewritesTheCallersRecordAndWhatIsPublished)
+{
+    device.OpenFilter();
+    Take(FixAt(121.0, 31.0)); // seeds
+    _GPS_Data fix = FixAt(121.001, 31.001);
+    fix.speed = 36.0;
+    fix.altitude = 12.5;
+    device.TakeFix(fix);
+    EXPECT_NE(fix.lonLat.lon, 121.001);
+    EXPECT_NE(fix.speed, 36.0);
+    EXPECT_EQ(fix.altitude, 12.5);
+    EXPECT_EQ(FakeMath::askedFor.lon, 121.001) << "units count where the fix was parsed";
+    for (const auto getter :
+         {&GPS::CGPSCOMDeviceImpl::GetGPSData, &GPS::CGPSCOMDeviceImpl::GetLastValidData}) {
+        _GPS_Data published;
+        ASSERT_TRUE((device.*getter)(published));
+        EXPECT_EQ(published.lonLat.lon, fix.lonLat.lon);
+        EXPECT_EQ(published.speed, fix.speed);
+        EXPECT_EQ(published.altitude, 12.5);
+    }
+    _GPS_Data none = NoFix();
+    none.lonLat = {122.0, 32.0};
+    Take(none);
+    EXPECT_EQ(FakeMath::askedFor.lon, 122.0) << "an epoch without a fix goes through too";
+}
+
+/// The events of a feed, each with the longitude of the device's epoch at that moment, 0 for no fix.
+class EventMoment : public support::FakeWorld
+{
+protected:
+    using Moments = std::vector<std::pair<int, double>>;
+
+    EventMoment()
+    {
+        FakeEventHouse::onSend = [this](const event::CustomEvent& sent) {
+            _GPS_Data last;
+            _GPS_Data_Without_Sate narrow{};
+            _GPS_Satellite satellite{};
+            const bool valid = receiver.device.IsGPSValid();
+            moments.emplace_back(sent.Id(), receiver.Current().lonLat.lon);
+            EXPECT_EQ(receiver.device.GetGPSDataWithoutSate(narrow), valid);
+            EXPECT_EQ(receiver.device.GetWholeSate(satellite), valid);
+            EXPECT_TRUE(receiver.device.GetLastValidData(last));
+            EXPECT_TRUE(!valid || last.lonLat.lon == moments.back().second);
+            EXPECT_EQ(receiver.device.GetVehicleCurrMoveState() == MOVESTATE_UNKNOWN, !valid);
+            EXPECT_EQ(receiver.device.GetVehicleCurrHeadingState() == HEADINGSTATE_UNKNOWN, !valid);
+        };
+    }
+
+    Moments Feed(const std::string& chunk)
+    {
+        receiver.Feed(chunk);
+        return std::exchange(moments, {});
+    }
+
+    ReceiverFeed receiver;
+    Moments moments;
+};
+
+TEST_F(EventMoment, DeviceHoldsWhatEachEventPromises)
+{
+    EXPECT_EQ(Feed(support::Gga(121, 31)), (Moments{{1002, 121.0}, {1001, 121.0}}));
+    EXPECT_EQ(Feed(support::Gga(122, 31, 0)), (Moments{{1004, 121.0}, {1001, 0.0}}))
+        << "still the one before";
+    EXPECT_EQ(Feed(support::Gga(122, 31, 0)), (Moments{{1004, 0.0}, {1001, 0.0}})) << "at every such epoch";
+    FakeTickCount::Set(61000);
+    EXPECT_EQ(Feed(support::Gga(122, 31, 0)), (Moments{{1004, 0.0}, {1003, 0.0}, {1001, 0.0}}));
+    EXPECT_EQ(Feed(support::Gga(123, 31)), (Moments{{1002, 123.0}, {1001, 123.0}}));
+}
+
+TEST_F(EventMoment, EventHouseThatFailsCostsTheEventAlone)
+{
+    FakeEventHouse::onSend = [](const event::CustomEvent&) { throw std::bad_alloc(); };
+    receiver.Feed(support::Vtg("50.0") + support::Gga(121, 31) + support::Gga(122, 31));
+    EXPECT_EQ(FakeEventHouse::ids, (Ids{1002, 1001, 1002, 1001}));
+    EXPECT_EQ(receiver.Current().lonLat.lon, 122.0);
+    EXPECT_EQ(receiver.Current().speed, 0.0) << "the record was emptied behind the first";
+}
+
+} // namespace

@@ -1,0 +1,204 @@
+// The receiver as an application meets it, on a faked port and faked threads.
+#include "GpsLib/device/CGPSCOMDevice.h"
+
+#include <cstring>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "tests/support/FakeWorld.h"
+#include "tests/support/Sentence.h"
+
+namespace
+{
+
+using Fake = FakeSerialCalls;
+using support::Gga;
+
+class Receiver : public support::FakeWorld
+{
+protected:
+    Receiver() { device->SetGPSCOMParam(3, 4800, 2, 7, 1); }
+
+    ~Receiver() override
+    {
+        FakeEventHouse::onSend = nullptr;
+        if (device != nullptr) {
+            device->CloseGPS();
+        }
+        EXPECT_EQ(FakeThread::Running(), 0U);
+        EXPECT_FALSE(Fake::open);
+    }
+
+    void Feed(const std::string& chunk)
+    {
+        Fake::Play(chunk);
+        FakeThread::Run();
+    }
+
+    _GPS_Data Current()
+    {
+        _GPS_Data data = support::NoFix();
+        device->GetGPSData(data);
+        return data;
+    }
+
+    std::unique_ptr<GPS::CGPSCOMDevice> device = std::make_unique<GPS::CGPSCOMDevice>();
+};
+
+TEST_F(Receiver, OpensThePortWithTheSettingsInTheirPlaces)
+{
+    EXPECT_TRUE(device->OpenGPS());
+    EXPECT_EQ(Fake::journal.front(), "CreateFileW COM3: 0xc0000000 0 0x3 0");
+    EXPECT_EQ(Fake::settings.BaudRate, 4800U);
+    EXPECT_EQ(Fake::settings.Parity, 2);
+    EXPECT_EQ(Fake::settings.ByteSize, 7);
+    EXPECT_EQ(Fake::settings.StopBits, 1);
+    device->CloseGPS();
+    Fake::journal.clear();
+    GPS::CGPSCOMDevice unset;
+    EXPECT_TRUE(unset.OpenGPS());
+    EXPECT_EQ(Fake::journal.front(), "CreateFileW COM1: 0xc0000000 0 0x3 0");
+    unset.CloseGPS();
+}
+
+TEST_F(Receiver, OpenAndClosedDevicesStayAsTheyAre)
+{
+    device->CloseGPS();
+    EXPECT_TRUE(Fake::journal.empty());
+    ASSERT_TRUE(device->OpenGPS());
+    Feed(Gga(121, 31));
+    Fake::journal.clear();
+    device->SetGPSCOMParam(4, 9600, 0, 8, 0);
+    EXPECT_TRUE(device->OpenGPS());
+    EXPECT_TRUE(Fake::journal.empty());
+    EXPECT_EQ(FakeThread::Running(), 1U);
+    device->CloseGPS();
+    Fake::journal.clear();
+    device->CloseGPS();
+    EXPECT_TRUE(Fake::journal.empty());
+    EXPECT_TRUE(device->OpenGPS());
+    EXPECT_EQ(Fake::journal.front(), "CreateFileW COM4: 0xc0000000 0 0x3 0");
+    EXPECT_EQ(Fake::settings.BaudRate, 9600U);
+    EXPECT_EQ(Current().lonLat.lon, 121.0) << "records survive";
+    FakeEventHouse::ids.clear();
+    Feed(Gga(121, 31));
+    EXPECT_EQ(FakeEventHouse::ids, std::vector<std::uint16_t>{1001})
+        << "compared with those before the close";
+}
+
+TEST_F(Receiver, OpeningThatFailsLeavesItClosedForAnotherTry)
+{
+    char path[] = "/dev/null";
+    for (const std::string call : {"CreateFileW", "SetCommState", "SetCommTimeouts", "no thread"}) {
+        SCOPED_TRACE(call);
+        Fake::failing = {call};
+        FakeThread::refuses = call == "no thread";
+        EXPECT_FALSE(device->OpenGPS());
+        EXPECT_FALSE(Fake::open);
+        EXPECT_FALSE(device->StartWriteLog(path, LOGTYPE_NMEA)) << "there is no listener";
+        EXPECT_FALSE(device->StopWriteLog());
+    }
+    Fake::failing.clear();
+    FakeThread::refuses = false;
+    EXPECT_TRUE(device->OpenGPS());
+    Feed(Gga(121, 31));
+    EXPECT_EQ(Current().lonLat.lon, 121.0);
+}
+
+TEST_F(Receiver, EachOpeningBeginsWithAnEmptySentenceAndEpoch)
+{
+    ASSERT_TRUE(device->OpenGPS());
+    Feed(support::Vtg("50.0") + Gga(121, 31).substr(0, 8));
+    device->CloseGPS();
+    ASSERT_TRUE(device->OpenGPS());
+    Feed(Gga(121, 31));
+    EXPECT_EQ(Current().lonLat.lon, 121.0);
+    EXPECT_EQ(Current().speed, 0.0);
+}
+
+TEST_F(Receiver, CloseFromInsideAnyEventChangesNothing)
+{
+    ASSERT_TRUE(device->OpenGPS());
+    FakeEventHouse::onSend = [this](const event::CustomEvent&) { device->CloseGPS(); };
+    FakeTickCount::Set(61000);
+    Feed(Gga(120, 31, 0) + Gga(121, 31));
+    EXPECT_EQ(FakeEventHouse::ids, (std::vector<std::uint16_t>{1004, 1003, 1001, 1002, 1001}));
+    EXPECT_TRUE(Fake::open);
+    Feed(Gga(122, 31));
+    EXPECT_EQ(Current().lonLat.lon, 122.0);
+}
+
+/// What the five getters answer. lastLon: of the last valid epoch.
+void ExpectAnswers(GPS::CGPSCOMDevice& device, bool valid, double lastLon)
+{
+    const std::string mark(sizeof(_GPS_Data), 'Z');
+    _GPS_Data data;
+    _GPS_Data_Without_Sate narrow;
+    _GPS_Satellite satellite;
+    std::memcpy(static_cast<void*>(&data), mark.data(), sizeof data);
+    std::memcpy(&narrow, mark.data(), sizeof narrow);
+    std::memcpy(&satellite, mark.data(), sizeof satellite);
+    EXPECT_EQ(device.IsGPSValid(), valid);
+    EXPECT_EQ(device.GetGPSData(data), valid);
+    EXPECT_EQ(device.GetGPSDataWithoutSate(narrow), valid);
+    EXPECT_EQ(device.GetWholeSate(satellite), valid);
+    if (valid) {
+        EXPECT_EQ(data.lonLat.lon, lastLon);
+        EXPECT_EQ(narrow.lonLat.lon, lastLon);
+        EXPECT_EQ(satellite.prn[6], 7);
+        EXPECT_EQ(data.satellite.prn[6], 7);
+    } else {
+        EXPECT_EQ(std::string(reinterpret_cast<char*>(&data), sizeof data), mark) << "untouched";
+        EXPECT_EQ(narrow.valid, 'Z');
+        EXPECT_EQ(satellite.prn[6], 'Z');
+    }
+    EXPECT_TRUE(device.GetLastValidData(data));
+    EXPECT_EQ(data.lonLat.lon, lastLon);
+}
+
+const std::string GSV = support::Sentence("GPGSV,1,1,01,07,40,083,46");
+
+TEST_F(Receiver, GettersSpeakOfTheLastClosedEpoch)
+{
+    ASSERT_TRUE(device->OpenGPS());
+    ExpectAnswers(*device, false, NO_POSITION_LON);
+    Feed(GSV + Gga(121, 31));
+    ExpectAnswers(*device, true, 121.0);
+    Feed(support::Vtg("50.0")); // closes none
+    ExpectAnswers(*device, true, 121.0);
+    Feed(Gga(122, 31, 0));
+    ExpectAnswers(*device, false, 121.0);
+    device->CloseGPS();
+    ExpectAnswers(*device, false, 121.0);
+}
+
+TEST_F(Receiver, CopiesShareOneDeviceInWhateverOrderTheyDie)
+{
+    auto copy = std::make_unique<GPS::CGPSCOMDevice>(*device);
+    auto assigned = std::make_unique<GPS::CGPSCOMDevice>();
+    *assigned = *device;
+    *assigned = *copy;
+    const GPS::CGPSCOMDevice& itself = *assigned;
+    *assigned = itself;
+    ASSERT_TRUE(device->OpenGPS());
+    device.reset();
+    Feed(GSV + Gga(121, 31));
+    ExpectAnswers(*copy, true, 121.0);
+    copy.reset();
+    ExpectAnswers(*assigned, true, 121.0);
+    assigned->CloseGPS();
+}
+
+TEST_F(Receiver, FilterIsSwitchedFromTheNextEpochOn)
+{
+    ASSERT_TRUE(device->OpenGPS());
+    device->OpenFilter();
+    Feed(Gga(122, 31) + Gga(123, 31)); // seeds, then smooths
+    EXPECT_NE(Current().lonLat.lon, 123.0);
+    device->CloseFilter();
+    Feed(Gga(124, 31));
+    EXPECT_EQ(Current().lonLat.lon, 124.0);
+}
+
+} // namespace

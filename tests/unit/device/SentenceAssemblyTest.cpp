@@ -1,0 +1,184 @@
+// How chunks of bytes become sentences, and what each does to the epoch.
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <vector>
+
+#include "GpsLib/log/CGPSLogDeviceImpl.h"
+#include "tests/support/FakeWorld.h"
+#include "tests/support/Row.h"
+#include "tests/unit/device/ReceiverFeed.h"
+
+namespace
+{
+
+using support::Sentence;
+using support::operator<<;
+using Ids = std::vector<std::uint16_t>;
+
+const std::string GGA = support::Gga(121, 31);
+const std::string VTG = support::Vtg("50.0"); // its speed marks what an epoch has gathered
+const std::string RMC = Sentence("GPRMC,101500,A,3100.000,N,12100.000,E,10.0,90.0,010203");
+const std::string FOREIGN = Sentence("GLGSV,1,1,00");
+const std::string NO_TEXT("\xFF\x80\x01\x00\xFF\x80\x01\xFF\x80", 9);
+
+const Ids FIX = {1002, 1001};
+const Ids NONE = {1004, 1001};
+const Ids NONE_THEN_FIX = {1004, 1001, 1002, 1001};
+constexpr double NO_FIX = -1.0;
+
+/// A line of this many bytes that would close an epoch if it were taken.
+std::string Line(std::size_t bytes)
+{
+    const std::string head = "$GPGGA,";
+    return head + std::string(bytes - head.size(), 'x');
+}
+
+std::string Head(const std::string& sentence, std::size_t bytes)
+{
+    return sentence.substr(0, bytes);
+}
+
+std::string Tail(const std::string& sentence, std::size_t bytes)
+{
+    return sentence.substr(sentence.size() - bytes);
+}
+
+std::string Rest(const std::string& sentence, std::size_t from)
+{
+    return sentence.substr(from);
+}
+
+struct StreamCase {
+    const char* rule;
+    std::vector<std::string> chunks;
+    Ids events;
+    double speed; // of the last epoch, or NO_FIX
+};
+
+const StreamCase STREAM_CASES[] = {
+    {"ChunkIsCutAtTheSecondDollar", {VTG + GGA}, FIX, 50.0},
+    {"EndOfChunkEndsASentence", {VTG, GGA}, FIX, 50.0},
+    {"EmptyChunkChangesNothing", {VTG, "", GGA}, FIX, 50.0},
+    {"WhatFollowsTheCloseIsTheNextEpochs", {GGA + VTG, GGA}, {1002, 1001, 1001}, 50.0},
+    {"CloseEmptiesTheRecord", {VTG + GGA, GGA}, {1002, 1001, 1001}, 0.0},
+    {"WithoutGgaNothingCloses", {VTG + RMC + VTG}, {}, NO_FIX},
+
+    {"ForeignTalkerWipes", {VTG + FOREIGN + GGA}, FIX, 0.0},
+    {"ProprietarySentenceWipes", {VTG + Sentence("PSRF103,00,00") + GGA}, FIX, 0.0},
+    {"WipeSparesWhatComesAfter", {VTG + FOREIGN + support::Vtg("70.0") + GGA}, FIX, 70.0},
+    {"UnknownTypeLeavesTheRecord", {VTG + Sentence("GPXYZ,1") + GGA}, FIX, 50.0},
+    {"WrongChecksumLeavesTheRecord", {VTG + support::Spoilt(support::Vtg("70.0")) + GGA}, FIX, 50.0},
+    {"BytesThatAreNoTextWipe", {VTG, NO_TEXT + GGA}, FIX, 0.0},
+    {"BytesBehindTheChecksumDoNoHarm", {VTG + NO_TEXT + GGA}, FIX, 50.0},
+
+    {"SpoiltGgaClosesWithoutAFix", {VTG + support::Spoilt(GGA)}, NONE, NO_FIX},
+    {"SpoiltGgaClosesAsEarlierOnesLeftIt", {RMC + support::Spoilt(GGA)}, FIX, 10.0 * 1.852},
+    {"FifthCharacterAloneCloses", {RMC + Sentence("GPXGZ,1")}, FIX, 10.0 * 1.852},
+    {"FourthCharacterDoesNot", {RMC + Sentence("GPGXA,1")}, {}, NO_FIX},
+
+    {"EightBytesWaitForTheRest", {VTG + Head(GGA, 8), Rest(GGA, 8)}, FIX, 50.0},
+    {"NineBytesAreASentence", {VTG + Head(GGA, 9), Rest(GGA, 9)}, NONE, NO_FIX},
+    {"CutSentenceLeavesTheRecordUntilItsRestWipes", {RMC + Head(GGA, 9)}, FIX, 10.0 * 1.852},
+    {"RestOfNineEndsAtTheDollar", {Head(VTG, VTG.size() - 9), Tail(VTG, 9) + GGA}, FIX, 0.0},
+    {"RestOfEightTakesTheNextSentenceAlong", {Head(VTG, VTG.size() - 8), Tail(VTG, 8) + GGA}, {}, NO_FIX},
+    {"LoneCrLfSpoilsTheNextSentence",
+     {Head(GGA, GGA.size() - 2), "\r\n" + VTG + GGA},
+     {1002, 1001, 1001},
+     0.0},
+    {"LoneLfSpoilsTheNextSentence", {Head(GGA, GGA.size() - 1), "\n" + VTG + GGA}, {1002, 1001, 1001}, 0.0},
+    {"TailOfASentenceAtTheStartDoesNoHarm", {Tail(GGA, 12) + VTG + GGA}, FIX, 50.0},
+    {"EightBytesBeforeADollarAreNotCutOff", {"noise..." + VTG + GGA}, FIX, 0.0},
+    {"NineBytesBeforeADollarAreCutOff", {"noise...." + VTG + GGA}, FIX, 50.0},
+
+    {"EightyTwoBytesBeforeADollarAreASentence", {Line(82) + VTG + GGA}, NONE_THEN_FIX, 50.0},
+    {"EightyTwoBytesThatEndTheChunkAreASentence", {Line(82), VTG + GGA}, NONE_THEN_FIX, 50.0},
+    {"EightyThreeAreDroppedAndTheRestSpoilsTheNext", {Line(83) + VTG + GGA}, FIX, 0.0},
+    {"DroppedLineIsNotTakenAtItsEndEither", {Line(82 + 82 + 9) + VTG + GGA}, FIX, 50.0},
+};
+
+class SentenceAssembly : public support::FakeWorld, public testing::WithParamInterface<StreamCase>
+{
+protected:
+    ReceiverFeed receiver;
+};
+
+TEST_P(SentenceAssembly, GivesTheEpochs)
+{
+    for (const std::string& chunk : GetParam().chunks) {
+        receiver.Feed(chunk);
+    }
+    EXPECT_EQ(FakeEventHouse::ids, GetParam().events);
+    const _GPS_Data current = receiver.Current();
+    EXPECT_EQ(current.valid != 0 ? current.speed : NO_FIX, GetParam().speed);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rules, SentenceAssembly, testing::ValuesIn(STREAM_CASES), support::RuleName());
+
+class SentenceLog : public support::FakeWorld
+{
+protected:
+    SentenceLog() : path(testing::TempDir() + "SentenceLog.txt"), receiver(&writer)
+    {
+        static_cast<void>(std::remove(path.c_str())); // there may be none
+        writer.SetLogType(LOGTYPE_NMEA);
+        writer.OpenLogFileForWrite(path.c_str());
+    }
+
+    std::string Logged()
+    {
+        writer.CloseLogFile();
+        std::ifstream file(path, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    std::string path;
+    GPS::CGPSLogDeviceImpl writer;
+    ReceiverFeed receiver;
+};
+
+TEST_F(SentenceLog, TakesEveryGpSentenceAsItCameAndNoOther)
+{
+    const std::string unknown = Sentence("GPXYZ,1");
+    receiver.Feed(RMC);
+    receiver.listener.SetWriteLog(true);
+    receiver.Feed(VTG + FOREIGN + unknown + Line(83) + "$GPRMC,1" + support::Spoilt(GGA));
+    receiver.Feed(Head(VTG, 9));
+    receiver.listener.SetWriteLog(false);
+    receiver.Feed(Rest(VTG, 9) + RMC);
+    EXPECT_EQ(Logged(), VTG + unknown + support::Spoilt(GGA) + Head(VTG, 9) + "\r\n");
+}
+
+class SatelliteGroups : public support::FakeWorld
+{
+};
+
+TEST_F(SatelliteGroups, EachFeedGathersItsOwn)
+{
+    ReceiverFeed feeds[2];
+    feeds[0].Feed(Sentence("GPGSV,2,1,02,01,40,083,46"));
+    feeds[1].Feed(Sentence("GPGSV,2,1,02,11,41,084,47"));
+    feeds[0].Feed(Sentence("GPGSV,2,2,02,02,42,085,48") + GGA);
+    feeds[1].Feed(Sentence("GPGSV,2,2,02,12,43,086,49") + GGA);
+    for (const std::size_t feed : {0U, 1U}) {
+        _GPS_Satellite satellite{};
+        ASSERT_TRUE(feeds[feed].device.GetWholeSate(satellite));
+        const std::size_t own = feed * 10;
+        const std::size_t others = 10 - own;
+        EXPECT_EQ(satellite.listedCount, 2);
+        EXPECT_EQ(satellite.prn[own], own + 1);
+        EXPECT_EQ(satellite.prn[own + 1], own + 2);
+        EXPECT_EQ(satellite.prn[others], GPS_SATELLITE_EMPTY);
+    }
+}
+
+TEST_F(SatelliteGroups, GroupGoesOnOverAClose)
+{
+    ReceiverFeed receiver;
+    receiver.Feed(Sentence("GPGSV,2,1,02,01,40,083,46") + GGA);
+    EXPECT_EQ(receiver.Current().satellite.listedCount, 0);
+    receiver.Feed(Sentence("GPGSV,2,2,02,02,42,085,48") + GGA);
+    EXPECT_EQ(receiver.Current().satellite.listedCount, 2);
+}
+
+} // namespace

@@ -1,0 +1,223 @@
+// The dense matrix: shapes, the results that shapes which don't fit have, and the rule of its determinant.
+#include <new>
+
+#include <gtest/gtest.h>
+
+#include "tests/unit/filter/MatrixContent.h"
+
+namespace
+{
+
+using GPS::CMatrix;
+
+const CMatrix EMPTY;
+const CMatrix ANY = Matrix({{1, 2, 3}, {4, 5, 6}}); // 2 by 3
+const CMatrix TALL = Matrix({{1, 2}, {3, 4}, {5, 6}});
+const CMatrix SINGLE = Matrix({{7}});
+const CMatrix ONE = Matrix({{1}});
+
+TEST(Matrix, ConstructorsGiveTheirShapes)
+{
+    const double values[] = {1, 2, 3, 4, 5, 6};
+    EXPECT_EQ(ContentOf(CMatrix()), (MatrixContent{0, 0, {}}));
+    EXPECT_EQ(ContentOf(CMatrix(0)), (MatrixContent{0, 0, {}}));
+    EXPECT_EQ(ContentOf(CMatrix(-1)), (MatrixContent{0, 0, {}}));
+    EXPECT_EQ(ContentOf(CMatrix(3)), (MatrixContent{3, 3, {1, 0, 0, 0, 1, 0, 0, 0, 1}}));
+    EXPECT_EQ(ContentOf(CMatrix(values, 3)), (MatrixContent{3, 1, {1, 2, 3}}));
+    EXPECT_EQ(ContentOf(CMatrix(nullptr, 3)), (MatrixContent{3, 1, {0, 0, 0}}));
+    EXPECT_EQ(ContentOf(CMatrix(values, 3, 2)), (MatrixContent{2, 3, {1, 2, 3, 4, 5, 6}})); // columns first
+    EXPECT_EQ(ContentOf(CMatrix(nullptr, 1, 2)), (MatrixContent{2, 1, {0, 0}}));
+}
+
+TEST(Matrix, RowsOutsideAreNull)
+{
+    EXPECT_EQ(ANY[-1], nullptr);
+    EXPECT_EQ(ANY[2], nullptr);
+    EXPECT_EQ(EMPTY[0], nullptr);
+    EXPECT_EQ(ANY[1][2], 6.0);
+}
+
+TEST(Matrix, CopyOutGoesColumnAfterColumn)
+{
+    double out[7] = {0, 0, 0, 0, 0, 0, -1};
+    ANY.CopyOut(out);
+    EXPECT_EQ(std::vector<double>(out, out + 7), (std::vector<double>{1, 4, 2, 5, 3, 6, -1}));
+    EMPTY.CopyOut(nullptr);
+}
+
+TEST(Matrix, CopiesShareNothing)
+{
+    CMatrix copy(ANY);
+    CMatrix assigned = SINGLE;
+    assigned = ANY; // takes over the shape
+    copy[0][0] = -1.0;
+    assigned[1][2] = -2.0;
+    EXPECT_EQ(ContentOf(ANY), (MatrixContent{2, 3, {1, 2, 3, 4, 5, 6}}));
+    EXPECT_EQ(ContentOf(copy), (MatrixContent{2, 3, {-1, 2, 3, 4, 5, 6}}));
+    EXPECT_EQ(ContentOf(assigned), (MatrixContent{2, 3, {1, 2, 3, 4, 5, -2}}));
+    assigned = EMPTY;
+    EXPECT_EQ(ContentOf(assigned), (MatrixContent{0, 0, {}}));
+}
+
+TEST(Matrix, AssignedToItselfKeepsItsArray)
+{
+    CMatrix matrix = ANY;
+    const double* const array = matrix[0];
+    const CMatrix& same = matrix;
+    matrix = same;
+    EXPECT_EQ(matrix[0], array);
+    EXPECT_EQ(ContentOf(matrix), ContentOf(ANY));
+}
+
+struct OperationCase {
+    const char* rule;
+    CMatrix left;
+    CMatrix right;
+    MatrixContent result;
+};
+
+const OperationCase PRODUCTS[] = {
+    {"shapes fit", ANY, TALL, {2, 2, {22, 28, 49, 64}}},
+    {"shapes fit the other way", TALL, ANY, {3, 3, {9, 12, 15, 19, 26, 33, 29, 40, 51}}},
+    {"row by column", Matrix({{1, 2}}), Matrix({{3}, {4}}), {1, 1, {11}}},
+    {"column by row", Matrix({{1}, {2}}), Matrix({{3, 4}}), {2, 2, {3, 4, 6, 8}}},
+    {"single scales from the left", SINGLE, TALL, {3, 2, {7, 14, 21, 28, 35, 42}}},
+    {"single scales from the right", TALL, SINGLE, {3, 2, {7, 14, 21, 28, 35, 42}}},
+    {"single scales a column it would fit", SINGLE, Matrix({{1, 2}}), {1, 2, {7, 14}}},
+    {"two singles", SINGLE, Matrix({{0.5}}), {1, 1, {3.5}}},
+    {"shapes that don't fit leave the left one", ANY, Matrix({{1, 2}, {3, 4}}), ContentOf(ANY)},
+    {"by the empty matrix leaves the left one", ANY, EMPTY, ContentOf(ANY)},
+    {"single by the empty matrix", SINGLE, EMPTY, {0, 0, {}}},
+    {"the empty matrix by single", EMPTY, SINGLE, {0, 0, {}}},
+    {"the empty matrix by any", EMPTY, ANY, {0, 0, {}}},
+    {"terms are summed from 0 upward", Matrix({{1e16, -1e16, 1}}), Matrix({{1}, {1}, {1}}), {1, 1, {1}}},
+};
+
+TEST(Matrix, Products)
+{
+    for (const OperationCase& product : PRODUCTS) {
+        EXPECT_EQ(ContentOf(product.left * product.right), product.result) << product.rule;
+    }
+    EXPECT_EQ(ContentOf(ANY * 2.0), (MatrixContent{2, 3, {2, 4, 6, 8, 10, 12}}));
+    EXPECT_EQ(ContentOf(2.0 * ANY), (MatrixContent{2, 3, {2, 4, 6, 8, 10, 12}}));
+}
+
+TEST(Matrix, SumAndDifference)
+{
+    const CMatrix other = Matrix({{10, 20, 30}, {40, 50, 60}});
+    EXPECT_EQ(ContentOf(other + ANY), (MatrixContent{2, 3, {11, 22, 33, 44, 55, 66}}));
+    EXPECT_EQ(ContentOf(other - ANY), (MatrixContent{2, 3, {9, 18, 27, 36, 45, 54}}));
+    EXPECT_EQ(ContentOf(EMPTY + EMPTY), ContentOf(EMPTY));
+    const CMatrix* const unfit[][2] = {{&ANY, &TALL}, {&ANY, &SINGLE}, {&SINGLE, &EMPTY}};
+    for (const auto& [left, right] : unfit) {
+        EXPECT_EQ(ContentOf(*left + *right), ContentOf(ONE));
+        EXPECT_EQ(ContentOf(*left - *right), ContentOf(ONE));
+    }
+    EXPECT_EQ(ContentOf(CMatrix(nullptr, 4) + CMatrix(nullptr, 6)), ContentOf(ONE));
+}
+
+TEST(Matrix, Transpose)
+{
+    EXPECT_EQ(ContentOf(ANY.Transpose()), (MatrixContent{3, 2, {1, 4, 2, 5, 3, 6}}));
+    EXPECT_EQ(ContentOf(EMPTY.Transpose()), ContentOf(EMPTY));
+}
+
+const CMatrix SYMMETRIC = Matrix({{2, 1, 0}, {1, 3, 1}, {0, 1, 4}});
+const CMatrix INNOVATION = Matrix({{2, 0, 1, 0}, {0, 3, 0, 1}, {1, 0, 4, 0}, {0, 1, 0, 5}});
+
+struct DeterminantCase {
+    const char* rule;
+    CMatrix matrix;
+    double determinant;
+};
+
+const DeterminantCase DETERMINANTS[] = {
+    {"empty", EMPTY, 0.0},
+    {"order 1", SINGLE, 7.0},
+    {"order 2", Matrix({{1, 2}, {3, 4}}), -2.0},
+    {"order 3", SYMMETRIC, 18.0},
+    {"order 4 in the filter's pattern", INNOVATION, 98.0},
+    {"identity of order 4", CMatrix(4), 1.0},
+    {"order 4, rows swapped: not -1", Matrix({{0, 1, 0, 0}, {1, 0, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}}), 0.0},
+    {"order 4, full: not 72", Matrix({{1, 2, 3, 4}, {5, 6, 7, 8}, {2, 6, 4, 8}, {3, 1, 1, 2}}), -136.0},
+    {"identity of order 6", CMatrix(6), 1.0},
+    {"more rows than columns: the upper square", TALL, -2.0},
+    {"more columns than rows", ANY, 0.0},
+    // 1e16 + 3 rounds to 1e16 + 4; taking 1e16 off first would leave 3.
+    {"all diagonals before the first anti-diagonal", Matrix({{1e16, 3, 1e16}, {0, 1, 1}, {1, 0, 1}}), 4.0},
+};
+
+TEST(Matrix, DeterminantIsTheRuleOfSarrusAtEveryOrder)
+{
+    for (const DeterminantCase& test : DETERMINANTS) {
+        EXPECT_EQ(test.matrix.Determinant(), test.determinant) << test.rule;
+    }
+}
+
+TEST(Matrix, Cofactor)
+{
+    EXPECT_EQ(SYMMETRIC.Cofactor(0, 0), 11.0);
+    EXPECT_EQ(SYMMETRIC.Cofactor(0, 1), -4.0);
+    EXPECT_EQ(Matrix({{1, 2, 3}, {4, 5, 6}, {7, 8, 10}}).Cofactor(2, 1), 6.0); // -(1 * 6 - 3 * 4)
+    EXPECT_EQ(SYMMETRIC.Cofactor(3, 0), 0.0);
+    EXPECT_EQ(SYMMETRIC.Cofactor(0, 3), 0.0);
+    EXPECT_EQ(TALL.Cofactor(0, 0), 0.0);
+    EXPECT_EQ(ANY.Cofactor(0, 0), 0.0);
+}
+
+TEST(Matrix, InverseIsTheAdjugateTimesTheReciprocal)
+{
+    constexpr double BY_18 = 1.0 / 18.0;
+    constexpr double BY_98 = 1.0 / 98.0;
+    constexpr double BY_49 = 1.0 / 49.0; // times 49 it isn't 1, so a division for each element would show
+    const struct {
+        CMatrix matrix;
+        MatrixContent inverse;
+    } cases[] = {
+        {SINGLE, {1, 1, {1.0 / 7.0}}},
+        {Matrix({{1, 2}, {3, 4}}), {2, 2, {-2, 1, 1.5, -0.5}}},
+        {Matrix({{1, 0}, {0, 49}}), {2, 2, {49 * BY_49, 0, 0, BY_49}}},
+        {SYMMETRIC,
+         {3,
+          3,
+          {11 * BY_18, -4 * BY_18, BY_18, -4 * BY_18, 8 * BY_18, -2 * BY_18, BY_18, -2 * BY_18, 5 * BY_18}}},
+        {INNOVATION,
+         {4,
+          4,
+          {56 * BY_98, 0, -14 * BY_98, 0, 0, 35 * BY_98, 0, -7 * BY_98, -14 * BY_98, 0, 28 * BY_98, 0, 0,
+           -7 * BY_98, 0, 21 * BY_98}}},
+    };
+    for (const auto& [matrix, inverse] : cases) {
+        CMatrix out = TALL;
+        EXPECT_TRUE(matrix.Inverse(out));
+        EXPECT_EQ(ContentOf(out), inverse);
+        CMatrix itself = matrix;
+        EXPECT_TRUE(itself.Inverse(itself));
+        EXPECT_EQ(ContentOf(itself), inverse);
+    }
+}
+
+TEST(Matrix, InverseThatFailsLeavesItsTarget)
+{
+    CMatrix out = TALL;
+    CMatrix empty;
+    for (const CMatrix& singular : {EMPTY, Matrix({{0}}), Matrix({{1, 2}, {2, 4}}), CMatrix(nullptr, 4, 4)}) {
+        EXPECT_FALSE(singular.Inverse(out));
+        EXPECT_FALSE(singular.Inverse(empty));
+    }
+    EXPECT_EQ(ContentOf(out), ContentOf(TALL));
+    EXPECT_EQ(ContentOf(empty), ContentOf(EMPTY));
+}
+
+TEST(Matrix, CountBeyond32BitsOfBytesIsNoMemory)
+{
+    EXPECT_THROW(CMatrix(nullptr, 0x10000, 0x2000), std::bad_alloc);  // 0x20000000 elements
+    EXPECT_THROW(CMatrix(nullptr, 0x10000, 0x10000), std::bad_alloc); // a count that is 0 in 32 bits
+    EXPECT_THROW(CMatrix(0x7fffffff), std::bad_alloc);
+    CMatrix target = TALL;
+    const CMatrix column(nullptr, 30000);
+    EXPECT_THROW(target = column * column.Transpose(), std::bad_alloc);
+    EXPECT_EQ(ContentOf(target), ContentOf(TALL));
+}
+
+} // namespace

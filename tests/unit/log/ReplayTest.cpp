@@ -1,0 +1,232 @@
+// What a log becomes again.
+#include <cstring>
+
+#include <gtest/gtest.h>
+
+#include "GpsLib/log/CGPSLogDevice.h"
+#include "GpsLib/log/CGPSLogDeviceImpl.h"
+#include "tests/support/Row.h"
+#include "tests/support/Sentence.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace
+{
+
+using GPS::CGPSLogDevice;
+using support::Sentence;
+
+const std::string GSA = Sentence("GPGSA,A,3,03,07,,,,,,,,,,,1.9,0.9,1.7");
+const std::string RMC = Sentence("GPRMC,101500,A,3114.250,N,12129.500,E,10.0,045.0,110326,,");
+const std::string GGA = Sentence("GPGGA,101500,3114.250,N,12129.500,E,1,08,0.9,12.5,M,,M,,");
+const std::string GGA_NEXT = Sentence("GPGGA,101501,3114.300,N,12129.600,E,1,09,0.9,13.5,M,,M,,");
+const std::string GGA_NO_FIX = Sentence("GPGGA,101502,3114.300,N,12129.600,E,0,00,0.9,13.5,M,,M,,");
+const std::string GGA_NO_POSITION = Sentence("GPGGA,101503,,,,,0,00,,,M,,M,,");
+const std::string FOREIGN = Sentence("GLGSV,1,1,00");
+
+class Replay : public testing::Test
+{
+protected:
+    bool Open(const std::string& bytes)
+    {
+        std::string path = folder.File("log", bytes);
+        return device.OpenLogFileForRead(path.data());
+    }
+
+    /// Result: the seconds of each record that comes out.
+    std::vector<int> Seconds(const std::string& bytes)
+    {
+        std::vector<int> seconds;
+        EXPECT_TRUE(Open(bytes));
+        for (_GPS_Data fix; device.GetGPSData(fix);) {
+            seconds.push_back(fix.time.second);
+        }
+        return seconds;
+    }
+
+    support::TemporaryFolder folder;
+    CGPSLogDevice device;
+};
+
+using Records = std::vector<int>;
+
+TEST_F(Replay, EpochsBuildUpAsTheyDoLive)
+{
+    ASSERT_TRUE(Open(GSA + RMC + GGA + GGA_NEXT));
+    _GPS_Data fix;
+    ASSERT_TRUE(device.GetGPSData(fix));
+    EXPECT_EQ(fix.satUsed, 8);
+    EXPECT_EQ(fix.speed, 10.0 * 1.852);
+    EXPECT_EQ(fix.satellite.used[6], 1);
+    ASSERT_TRUE(device.GetGPSData(fix));
+    EXPECT_EQ(fix.satUsed, 9);
+    EXPECT_EQ(fix.speed, 0.0) << "the record begins each time from nothing";
+    EXPECT_FALSE(device.GetGPSData(fix));
+    EXPECT_FALSE(device.GetGPSData(fix)) << "and stays at the end";
+}
+
+struct StreamCase {
+    const char* rule;
+    std::string bytes;
+    Records seconds; // of the records that come out
+};
+
+void PrintTo(const StreamCase& stream, std::ostream* out)
+{
+    *out << stream.rule;
+}
+
+std::string WithBareLf(std::string text)
+{
+    text.erase(text.size() - 2, 1);
+    return text;
+}
+
+const StreamCase STREAMS[] = {
+    {"NothingInAnEmptyFile", "", {}},
+    {"NothingWithoutGga", RMC + RMC + GSA, {}},
+    {"RecordWithoutValidFixComesOut", GGA_NO_FIX, {2}},
+    {"GgaWithoutPositionEndsNoRecord", GGA_NO_POSITION + GGA, {0}},
+    {"GgaWithoutPositionEndsOneThatHasAPosition", RMC + GGA_NO_POSITION + GGA_NEXT, {0, 1}},
+    {"BadChecksumEndsARecordThatHasAPosition", RMC + "$GPGGA,10*00\r\n", {0}},
+    {"UnknownSentenceWithGEndsOneToo", RMC + Sentence("GPXGX,1"), {0}},
+    {"ForeignTalkerWipesTheEpoch", RMC + FOREIGN + GGA_NO_POSITION + GGA, {0}},
+    {"EmptyLineWipesTheEpoch", RMC + "\r\n" + GGA_NO_POSITION, {}},
+    {"BareLfIsRepaired", WithBareLf(GGA) + WithBareLf(GGA_NEXT), {0, 1}},
+    {"LastLineNeedsNoLineEnd", GGA.substr(0, GGA.size() - 2), {0}},
+    {"LongitudeZeroNeverComesOut", Sentence("GPGGA,101504,3114.250,N,00000.000,E,1,08,0.9,12.5,M,,M,,"), {}},
+    {"LongLineComesInPieces", std::string(254, 'x') + RMC + GGA_NO_POSITION, {0}},
+    {"LineOf83BytesIsRefused", RMC + Sentence("GPGGA" + std::string(71, ',')).insert(6, 1, 'x') + GGA, {0}},
+    {"NulLineEndsOneCall", std::string("\0\n", 2) + GGA, {}},
+};
+
+class ReplayStream : public Replay, public testing::WithParamInterface<StreamCase>
+{
+};
+
+TEST_P(ReplayStream, GivesTheRecords)
+{
+    EXPECT_EQ(Seconds(GetParam().bytes), GetParam().seconds);
+}
+
+INSTANTIATE_TEST_SUITE_P(Rules, ReplayStream, testing::ValuesIn(STREAMS), support::RuleName());
+
+TEST_F(Replay, GoesOnBehindANulLine)
+{
+    ASSERT_TRUE(Open(std::string("\0\n", 2) + GGA));
+    _GPS_Data fix;
+    EXPECT_FALSE(device.GetGPSData(fix));
+    EXPECT_TRUE(device.GetGPSData(fix));
+}
+
+TEST_F(Replay, LastRecordAnswersWithoutReading)
+{
+    _GPS_Data_Without_Sate narrow{};
+    _GPS_Satellite satellites{};
+    ASSERT_TRUE(Open(GSA + GGA + GGA_NO_FIX));
+    EXPECT_FALSE(device.GetWholeSate(satellites)) << "before the first record";
+    _GPS_Data fix;
+    ASSERT_TRUE(device.GetGPSData(fix));
+    EXPECT_TRUE(device.GetGPSDataWithoutSate(narrow));
+    EXPECT_EQ(narrow.altitude, 12.5);
+    EXPECT_TRUE(device.GetWholeSate(satellites));
+    EXPECT_EQ(satellites.used[2], 1);
+    ASSERT_TRUE(device.GetGPSData(fix));
+    EXPECT_FALSE(device.GetGPSDataWithoutSate(narrow)) << "the last record has no valid fix";
+    EXPECT_FALSE(device.GetWholeSate(satellites));
+}
+
+TEST_F(Replay, WithoutALogTheRecordIsUntouched)
+{
+    _GPS_Data fix;
+    fix.altitude = 77.0;
+    EXPECT_FALSE(device.GetGPSData(fix));
+    EXPECT_FALSE(device.OpenLogFileForRead(nullptr));
+    EXPECT_EQ(fix.altitude, 77.0);
+}
+
+TEST_F(Replay, OpeningAgainStartsAnewAndAFailureEndsTheOldLog)
+{
+    _GPS_Data fix;
+    ASSERT_TRUE(Open(GGA));
+    ASSERT_TRUE(device.GetGPSData(fix));
+    ASSERT_TRUE(Open(GGA));
+    EXPECT_FALSE(device.OpenLogFileForRead(nullptr)) << "changes nothing";
+    EXPECT_TRUE(device.GetGPSData(fix));
+    ASSERT_TRUE(Open(GGA));
+    std::string missing = folder.Path("missing");
+    EXPECT_FALSE(device.OpenLogFileForRead(missing.data()));
+    EXPECT_FALSE(device.GetGPSData(fix));
+    std::string directory = folder.Path("");
+    device.OpenLogFileForRead(directory.data());
+    EXPECT_FALSE(device.GetGPSData(fix)) << "a folder gives no line";
+}
+
+TEST_F(Replay, SmoothsFromTheSecondFixOn)
+{
+    const std::string second =
+        Sentence("GPRMC,101501,A,3114.300,N,12129.600,E,10.0,045.0,110326,,") + GGA_NEXT;
+    _GPS_Data raw;
+    ASSERT_TRUE(Open(RMC + GGA + second));
+    ASSERT_TRUE(device.GetGPSData(raw));
+    ASSERT_TRUE(device.GetGPSData(raw));
+    _GPS_Data smoothed;
+    device.OpenFilter();
+    ASSERT_TRUE(Open(RMC + GGA + second));
+    ASSERT_TRUE(device.GetGPSData(smoothed));
+    EXPECT_EQ(smoothed.speed, 10.0 * 1.852) << "the first fix seeds";
+    ASSERT_TRUE(device.GetGPSData(smoothed));
+    EXPECT_LT(smoothed.lonLat.lon, raw.lonLat.lon) << "short of a fix that jumps ahead";
+    EXPECT_GT(smoothed.lonLat.lon, 121.0 + 29.5 / 60.0) << "and ahead of the one before";
+    EXPECT_EQ(smoothed.altitude, raw.altitude);
+}
+
+// A group that one feed has begun is not finished by another.
+TEST_F(Replay, GroupsOfTwoReplaysDontMix)
+{
+    const std::string first = Sentence("GPGSV,2,1,02,05,10,100,30");
+    const std::string last = Sentence("GPGSV,2,2,02,09,20,200,40");
+    CGPSLogDevice other;
+    std::string otherPath = folder.File("other", last + GGA);
+    ASSERT_TRUE(Open(first + GGA));
+    ASSERT_TRUE(other.OpenLogFileForRead(otherPath.data()));
+    _GPS_Data fix;
+    ASSERT_TRUE(device.GetGPSData(fix));
+    ASSERT_TRUE(other.GetGPSData(fix));
+    EXPECT_EQ(fix.satellite.prn[8], 9);
+    EXPECT_EQ(fix.satellite.prn[4], 255) << "from the other log";
+}
+
+struct ReadCase {
+    const char* rule;
+    std::string bytes;
+    std::int32_t length;
+    std::string line;
+};
+
+TEST(ReadLine, GivesLinesWithTheirTrueLength)
+{
+    const ReadCase cases[] = {
+        {"CR LF", "ab\r\n", 4, "ab\r\n"},
+        {"bare LF grows by one", "ab\n", 4, "ab\r\n"},
+        {"two bytes are left alone", "a\n", 2, "a\n"},
+        {"no line end", "abc", 3, "abc"},
+        {"a piece of a long line", std::string(300, 'x'), 254, std::string(254, 'x')},
+        {"the longest repaired line", std::string(253, 'x') + "\n", 255, std::string(253, 'x') + "\r\n"},
+        {"a line that begins with NUL", std::string("\0ab\n", 4), 0, ""},
+        {"the end", "", -1, ""},
+    };
+    for (const ReadCase& read : cases) {
+        SCOPED_TRACE(read.rule);
+        const support::TemporaryFolder folder;
+        GPS::CGPSLogDeviceImpl log;
+        char line[256];
+        std::memset(line, 'z', sizeof line);
+        line[255] = '\0';
+        EXPECT_EQ(log.ReadLine(line, 255), 0) << "no log open";
+        ASSERT_TRUE(log.OpenLogFileForRead(folder.File("log", read.bytes).c_str()));
+        EXPECT_EQ(log.ReadLine(line, 255), read.length);
+        EXPECT_STREQ(line, read.line.c_str());
+    }
+}
+
+} // namespace

@@ -1,0 +1,91 @@
+// The two ways of emptying a record, the narrowing copy, and what counts as a place on the Earth.
+#include <array>
+#include <cmath>
+#include <cstring>
+#include <new>
+
+#include <gtest/gtest.h>
+
+#include "GpsLib/records/GPSRecords.h"
+
+namespace
+{
+
+using Bytes = std::array<unsigned char, sizeof(_GPS_Data)>;
+
+Bytes BytesOf(const _GPS_Data& record)
+{
+    Bytes bytes;
+    std::memcpy(bytes.data(), &record, bytes.size());
+    return bytes;
+}
+
+TEST(Records, DefaultIsZeroButForEmptySlotsAndNoPosition)
+{
+    alignas(_GPS_Data) Bytes place;
+    place.fill(0xA5);
+    const _GPS_Data* const record = new (place.data()) _GPS_Data;
+    Bytes expected{};
+    std::memset(&expected[20], 255, 64); // prn
+    const double noPosition[] = {180.0, 90.0};
+    std::memcpy(&expected[408], noPosition, sizeof noPosition);
+    EXPECT_EQ(BytesOf(*record), expected);
+}
+
+TEST(Records, ClearedIsZeroThroughout)
+{
+    _GPS_Data record;
+    std::memset(static_cast<void*>(&record), 0xA5, sizeof record);
+    ClearRecord(record);
+    EXPECT_EQ(BytesOf(record), Bytes{});
+}
+
+TEST(Records, NarrowCopyHasEveryFieldButTheSatellites)
+{
+    Bytes source;
+    for (std::size_t i = 0; i < source.size(); ++i) {
+        source[i] = static_cast<unsigned char>(i * 7 + 1);
+    }
+    _GPS_Data record;
+    std::memcpy(static_cast<void*>(&record), source.data(), sizeof record);
+    std::array<unsigned char, sizeof(_GPS_Data_Without_Sate)> narrow;
+    narrow.fill(0);
+    auto* const target = new (narrow.data()) _GPS_Data_Without_Sate();
+    CopyToWithoutSate(record, *target);
+    // Fields up to satUsed stand at the same places; those from lonLat on moved up by the satellite block.
+    EXPECT_EQ(std::memcmp(narrow.data(), source.data(), 14), 0);
+    EXPECT_EQ(std::memcmp(&narrow[16], &source[16], 4), 0);
+    EXPECT_EQ(std::memcmp(&narrow[24], &source[408], 67), 0);
+}
+
+struct PlaceCase {
+    const char* rule;
+    double lon;
+    double lat;
+    bool onEarth;
+};
+
+const PlaceCase PLACE_CASES[] = {
+    {"Origin", 0.0, 0.0, true},
+    {"NoPosition", 180.0, 90.0, false},
+    {"EastEdge", 180.0, 0.0, false},
+    {"InsideEastEdge", std::nextafter(180.0, 0.0), 0.0, true},
+    {"WestEdge", -180.0, 0.0, false},
+    {"InsideWestEdge", std::nextafter(-180.0, 0.0), 0.0, true},
+    {"NorthPole", 0.0, 90.0, false},
+    {"InsideNorthPole", 0.0, std::nextafter(90.0, 0.0), true},
+    {"SouthPole", 0.0, -90.0, false},
+    {"InsideSouthPole", 0.0, std::nextafter(-90.0, 0.0), true},
+    {"LonIsNoNumber", std::nan(""), 0.0, false},
+    {"LatIsNoNumber", 0.0, std::nan(""), false},
+    {"Infinite", HUGE_VAL, 0.0, false},
+};
+
+TEST(Records, OnEarthIsStrictlyInsideTheRanges)
+{
+    for (const PlaceCase& place : PLACE_CASES) {
+        EXPECT_EQ(IsOnEarth({place.lon, place.lat}), place.onEarth) << place.rule;
+    }
+}
+
+} // namespace

@@ -1,0 +1,324 @@
+// The drive along a route, on a map where a degree is 100 km in both directions.
+#include <cmath>
+#include <limits>
+#include <stdexcept>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "GpsLib/contracts/KestRoute.h"
+#include "GpsLib/simu/CGPSSimuDevice.h"
+#include "tests/support/FakeWorld.h"
+#include "tests/support/Row.h"
+#include "tests/support/Sentence.h"
+
+namespace
+{
+
+using GPS::CGPSSimuDevice;
+
+constexpr double DEGREE = 100000.0; // [m] as the fake geodesy has it
+constexpr double INFINITE = std::numeric_limits<double>::infinity();
+constexpr double NOT_A_NUMBER = std::numeric_limits<double>::quiet_NaN();
+
+constexpr double Metres(double metres)
+{
+    return metres / DEGREE;
+}
+
+/// A route that hands out what the test has put in, block by block.
+class ScriptedPath final : public CPath
+{
+public:
+    int StartGuid() const override { return starts; }
+    int NextGuid(PathGuid& block) const override
+    {
+        block = blocks.empty() ? block : blocks.front();
+        return blocks.empty() ? 0 : 1;
+    }
+    int GetNextGuid(const PathGuid& from, PathGuid& to) const override
+    {
+        askedFrom.push_back(from.points);
+        if (throws) {
+            to.points = nullptr;
+            throw std::runtime_error("no route");
+        }
+        to = ++given < blocks.size() ? blocks[given] : to;
+        return given < blocks.size() ? 1 : 0;
+    }
+
+    int starts = 1;
+    bool throws = false;
+    std::vector<PathGuid> blocks;
+    mutable std::size_t given = 0;
+    mutable std::vector<const tagLonLat*> askedFrom;
+};
+
+PathGuid Block(const std::vector<tagLonLat>& points, double blockLength, double nextLength)
+{
+    PathGuid block{};
+    block.points = points.data();
+    block.pointCount = static_cast<std::uint16_t>(points.size());
+    block.blockLength = blockLength;
+    block.nextLength = nextLength;
+    block.endPoint = points.back();
+    return block;
+}
+
+constexpr double LAST = -1.0;
+constexpr double LONG = 1e6; // [m] longer than any step
+
+class Drive : public support::FakeWorld
+{
+protected:
+    /// One metre a second and step, times `metres`.
+    bool Begin(double metres) { return device.SetSimuParam(&path, metres, 3.6) && device.BeginSimu(); }
+
+    ScriptedPath path;
+    CGPSSimuDevice device;
+    _GPS_Data record;
+};
+
+TEST_F(Drive, StopsOnEachPointAndDropsTheRestOfTheStep)
+{
+    const std::vector<tagLonLat> points{{0.0, 0.0}, {Metres(40), 0.0}, {Metres(40), Metres(10)}};
+    path.blocks = {Block(points, LONG, LAST)};
+    path.blocks[0].endPoint = {1.0, 2.0};
+    ASSERT_TRUE(Begin(15.0));
+    const double east[] = {Metres(15), Metres(30)};
+    for (const double lon : east) {
+        ASSERT_TRUE(device.GetGPSData(record));
+        EXPECT_NEAR(record.lonLat.lon, lon, 1e-15); // two roundings of about 1e-4
+        EXPECT_EQ(record.heading, 90.0);
+    }
+    ASSERT_TRUE(device.GetGPSData(record));
+    EXPECT_EQ(record.lonLat.lon, points[1].lon) << "exactly the point";
+    record.valid = 0;
+    EXPECT_FALSE(device.GetGPSData(record)) << "the arrival";
+    EXPECT_EQ(record.valid, 1);
+    EXPECT_EQ(record.lonLat.lon, 1.0) << "the end point, wherever it lies";
+    EXPECT_EQ(record.lonLat.lat, 2.0);
+    record.valid = 0;
+    EXPECT_FALSE(device.GetGPSData(record)) << "nothing behind the end";
+    EXPECT_EQ(record.valid, 0);
+}
+
+TEST_F(Drive, RecordSaysWhatADriveKnows)
+{
+    const std::vector<tagLonLat> points{{10.0, 20.0}, {11.0, 20.0}};
+    path.blocks = {Block(points, LONG, LAST)};
+    ASSERT_TRUE(device.SetSimuParam(&path, 1.0, 400.0));
+    ASSERT_TRUE(device.BeginSimu());
+    ASSERT_TRUE(device.GetGPSData(record));
+    EXPECT_EQ(record.mask, 862U);
+    EXPECT_EQ(record.speed, 300.0) << "the highest there is";
+    EXPECT_EQ(record.satUsed, 4);
+    EXPECT_EQ(record.valid, 1);
+    EXPECT_EQ(record.satellite.prn[0], 0) << "cleared, not default";
+    EXPECT_EQ(record.time.hour, 0);
+    EXPECT_EQ(record.lonLat.lon, 10.0 + 83.33333333333334 / DEGREE);
+    _GPS_Data_Without_Sate narrow{};
+    _GPS_Satellite satellites{};
+    EXPECT_FALSE(device.GetGPSDataWithoutSate(narrow));
+    EXPECT_FALSE(device.GetWholeSate(satellites));
+}
+
+struct HeadingCase {
+    tagLonLat to;
+    double heading;
+};
+
+TEST_F(Drive, HeadingsAreClockwiseFromNorth)
+{
+    const HeadingCase cases[] = {
+        {{0.0, 1.0}, 0.0},    {{1.0, 1.0}, 45.0},   {{1.0, 0.0}, 90.0},
+        {{1.0, -1.0}, 135.0}, {{0.0, -1.0}, 180.0}, {{-1.0, -1.0}, 225.0},
+        {{-1.0, 0.0}, 270.0}, {{-1.0, 1.0}, 315.0}, {{0.0, 0.0}, 90.0},
+    };
+    for (const HeadingCase& heading : cases) {
+        const std::vector<tagLonLat> points{{0.0, 0.0}, heading.to, {0.5, 0.5}};
+        path.blocks = {Block(points, LONG, LAST)};
+        ASSERT_TRUE(Begin(1.0));
+        ASSERT_TRUE(device.GetGPSData(record));
+        EXPECT_NEAR(record.heading, heading.heading, 1e-12); // of a circle of 360: a few roundings
+    }
+}
+
+TEST_F(Drive, DiagonalStepsAreMeasuredByTheLongLegAndAThirdOfTheShort)
+{
+    const std::vector<tagLonLat> points{{0.0, 0.0}, {Metres(30), Metres(30)}};
+    path.blocks = {Block(points, LONG, LAST)};
+    ASSERT_TRUE(Begin(10.0));
+    ASSERT_TRUE(device.GetGPSData(record));
+    EXPECT_NEAR(record.lonLat.lon, Metres(30) * 10.0 / 40.0, 1e-18); // 30 and a third of 30 are 40
+    ASSERT_TRUE(Begin(40.0));
+    EXPECT_FALSE(device.GetGPSData(record)) << "a distance equal to the step counts as reached";
+    EXPECT_EQ(record.lonLat.lon, points[1].lon);
+}
+
+TEST_F(Drive, BlocksFollowEachOther)
+{
+    const std::vector<tagLonLat> first{{0.0, 0.0}, {Metres(10), 0.0}};
+    const std::vector<tagLonLat> skipped{{Metres(10), 0.0}, {Metres(12), 0.0}, {Metres(13), 0.0}};
+    const std::vector<tagLonLat> last{{Metres(99), 0.0}, {Metres(22), 0.0}};
+    path.blocks = {Block(first, LONG, 3.0), Block(skipped, 3.0, 0.0), Block(last, LONG, LAST)};
+    ASSERT_TRUE(Begin(10.0));
+    ASSERT_TRUE(device.GetGPSData(record));
+    EXPECT_EQ(record.lonLat.lon, first[1].lon);
+    ASSERT_TRUE(device.GetGPSData(record));
+    EXPECT_EQ(record.lonLat.lon, skipped[2].lon) << "a block as short as a step is left at once";
+    EXPECT_FALSE(device.GetGPSData(record)) << "heads for the second point of a block, from wherever it is";
+    EXPECT_EQ(record.lonLat.lon, last[1].lon);
+    EXPECT_EQ(path.askedFrom, (std::vector<const tagLonLat*>{first.data(), skipped.data()}));
+}
+
+const std::vector<tagLonLat> GOOD{{0.0, 0.0}, {Metres(10), 0.0}};
+const std::vector<tagLonLat> ONE_POINT{{0.0, 0.0}};
+const std::vector<tagLonLat> OFF_EARTH{{0.0, 0.0}, {180.0, 0.0}};
+const std::vector<tagLonLat> NOWHERE{{0.0, 0.0}, {0.0, NOT_A_NUMBER}};
+
+PathGuid WithoutPoints()
+{
+    PathGuid block = Block(GOOD, LONG, LAST);
+    block.points = nullptr;
+    return block;
+}
+
+struct FailureCase {
+    const char* rule;
+    std::vector<PathGuid> blocks;
+    bool begins; // else BeginSimu answers false
+};
+
+void PrintTo(const FailureCase& failure, std::ostream* out)
+{
+    *out << failure.rule;
+}
+
+const FailureCase FAILURES[] = {
+    {"NoBlock", {}, false},
+    {"FirstBlockOfOnePoint", {Block(ONE_POINT, LONG, LAST)}, false},
+    {"FirstBlockWithoutPoints", {WithoutPoints()}, false},
+    {"PointOffEarth", {Block(OFF_EARTH, LONG, LAST)}, true},
+    {"PointOffEarthAtTheEndOfAShortBlock", {Block(OFF_EARTH, 0.0, LAST)}, true},
+    {"PointThatIsNoNumber", {Block(NOWHERE, LONG, LAST)}, true},
+    {"PromisedBlockIsMissing", {Block(GOOD, LONG, 0.0)}, true},
+    {"NextBlockOfOnePoint", {Block(GOOD, LONG, 1.0), Block(ONE_POINT, LONG, LAST)}, true},
+    {"NextBlockWithoutPoints", {Block(GOOD, 0.0, 1.0), WithoutPoints()}, true},
+};
+
+class FailingRoute : public Drive, public testing::WithParamInterface<FailureCase>
+{
+};
+
+TEST_P(FailingRoute, EndsInFalseWithTheRecordUntouched)
+{
+    path.blocks = GetParam().blocks;
+    ASSERT_EQ(Begin(100.0), GetParam().begins);
+    record.altitude = 77.0;
+    for (int calls = 0; calls < 3; ++calls) {
+        EXPECT_FALSE(device.GetGPSData(record));
+        EXPECT_EQ(record.altitude, 77.0);
+    }
+    path.given = 0;
+    path.blocks = {Block(GOOD, LONG, LAST)};
+    EXPECT_TRUE(device.BeginSimu()) << "and can begin anew";
+}
+
+INSTANTIATE_TEST_SUITE_P(Rules, FailingRoute, testing::ValuesIn(FAILURES), support::RuleName());
+
+struct ParameterCase {
+    const char* rule;
+    double timeStep;
+    double speed;
+    bool begins;
+};
+
+TEST_F(Drive, BeginsWithSpeedAndTimeStepAboveZeroOnly)
+{
+    const ParameterCase cases[] = {
+        {"plain", 1.0, 60.0, true},
+        {"more than the highest speed", 1.0, INFINITE, true},
+        {"no speed", 1.0, 0.0, false},
+        {"backwards", 1.0, -1.0, false},
+        {"no time", 0.0, 60.0, false},
+        {"backwards in time", -1.0, 60.0, false},
+        {"backwards twice", -1.0, -60.0, false},
+        {"endless step", INFINITE, 60.0, false},
+        {"speed that is no number", 1.0, NOT_A_NUMBER, false},
+        {"time that is no number", NOT_A_NUMBER, 60.0, false},
+    };
+    path.blocks = {Block(GOOD, LONG, LAST)};
+    for (const ParameterCase& parameters : cases) {
+        EXPECT_TRUE(device.SetSimuParam(&path, parameters.timeStep, parameters.speed)) << parameters.rule;
+        EXPECT_EQ(device.BeginSimu(), parameters.begins) << parameters.rule;
+    }
+}
+
+TEST_F(Drive, BadParametersUnderWayEndIt)
+{
+    path.blocks = {Block(GOOD, LONG, LAST)};
+    for (const double timeStep : {0.0, -1.0, NOT_A_NUMBER}) {
+        ASSERT_TRUE(Begin(1.0));
+        ASSERT_TRUE(device.GetGPSData(record));
+        device.SetSimuParam(&path, timeStep, 3.6);
+        EXPECT_FALSE(device.GetGPSData(record));
+    }
+}
+
+TEST_F(Drive, RouteTakenAwayUnderWayEndsItAtTheNextBlock)
+{
+    path.blocks = {Block(GOOD, LONG, 1.0), Block(GOOD, LONG, LAST)};
+    ASSERT_TRUE(Begin(100.0));
+    EXPECT_TRUE(device.SetSimuParam(nullptr, 100.0, 3.6));
+    EXPECT_FALSE(device.GetGPSData(record));
+}
+
+TEST_F(Drive, RouteThatThrowsEndsIt)
+{
+    path.blocks = {Block(GOOD, LONG, 1.0), Block(GOOD, LONG, LAST)};
+    path.throws = true;
+    ASSERT_TRUE(Begin(100.0));
+    EXPECT_FALSE(device.GetGPSData(record));
+    EXPECT_FALSE(device.GetGPSData(record)) << "and nothing of the half-filled block is read";
+}
+
+TEST_F(Drive, OrderOfCalls)
+{
+    path.blocks = {Block(GOOD, LONG, LAST)};
+    EXPECT_FALSE(device.BeginSimu());
+    EXPECT_FALSE(device.GetGPSData(record));
+    EXPECT_FALSE(device.EndSimu());
+    EXPECT_TRUE(device.SetSimuParam(nullptr, 1.0, 3.6));
+    EXPECT_FALSE(device.BeginSimu()) << "without a route";
+    EXPECT_TRUE(device.SetSimuParam(&path, 1.0, 3.6));
+    EXPECT_FALSE(device.GetGPSData(record)) << "before BeginSimu";
+    path.starts = 0;
+    EXPECT_FALSE(device.BeginSimu()) << "the route won't start";
+    path.starts = 1;
+    EXPECT_TRUE(device.BeginSimu());
+    EXPECT_TRUE(device.GetGPSData(record));
+    EXPECT_TRUE(device.BeginSimu()) << "anew, from the first point";
+    EXPECT_TRUE(device.GetGPSData(record));
+    EXPECT_EQ(record.lonLat.lon, Metres(10) * (1.0 / 10.0));
+    EXPECT_TRUE(device.EndSimu());
+    EXPECT_FALSE(device.BeginSimu()) << "nothing of the drive is left";
+}
+
+TEST_F(Drive, CopiesShareIt)
+{
+    path.blocks = {Block(GOOD, LONG, LAST)};
+    ASSERT_TRUE(Begin(4.0));
+    CGPSSimuDevice copy(device);
+    CGPSSimuDevice assigned;
+    assigned = copy;
+    assigned = *&assigned;
+    EXPECT_TRUE(device.GetGPSData(record));
+    EXPECT_TRUE(copy.GetGPSData(record));
+    EXPECT_FALSE(assigned.GetGPSData(record)) << "the third step arrives";
+    EXPECT_TRUE(device.EndSimu());
+    EXPECT_FALSE(copy.GetGPSData(record)) << "ended for all";
+    EXPECT_TRUE(copy.EndSimu()) << "and yet there";
+}
+
+} // namespace

@@ -1,0 +1,34 @@
+#include "tools/LineOutput.h"
+
+#include <cerrno>
+#include <string_view>
+
+#include <unistd.h>
+
+#include "tools/ToolError.h"
+
+namespace kestgps
+{
+
+bool LineOutput::Write(std::string line, std::optional<Clock::time_point> deadline)
+{
+    line += '\n';
+    std::string_view left = line;
+    while (!left.empty()) {
+        if (signals.Wait(descriptor, POLLOUT, deadline) != StopSignals::WAIT::READY) {
+            return false;
+        }
+        const ssize_t written = write(descriptor, left.data(), left.size());
+        if (written >= 0) {
+            left.remove_prefix(static_cast<std::size_t>(written));
+        } else if (errno == EPIPE) {
+            readerGone = true;
+            return false;
+        } else if (errno != EINTR && errno != EAGAIN) {
+            throw ToolError("can't write the output: " + ErrorText(errno));
+        }
+    }
+    return true;
+}
+
+} // namespace kestgps

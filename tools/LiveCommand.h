@@ -1,0 +1,34 @@
+// LiveCommand.h: "kestgps live", the fixes of a receiver as they come.
+#pragma once
+
+#include "tools/Command.h"
+#include "tools/LiveOptions.h"
+
+namespace CLI
+{
+class App;
+}
+
+namespace kestgps
+{
+
+class LiveCommand final : public Command
+{
+public:
+    /// app: borrowed.
+    explicit LiveCommand(CLI::App& app);
+
+    bool Chosen() const override;
+    int Run() override;
+
+private:
+    void AddSourceOptions(CLI::App& live);
+    void AddPortOptions(CLI::App& live);
+    void AddOutputOptions(CLI::App& live);
+    void CheckSource() const;
+
+    const CLI::App* command; // borrowed
+    LiveOptions options;
+};
+
+} // namespace kestgps

@@ -1,0 +1,18 @@
+// OptionChecks.h: what a command line accepts as the value of an option.
+#pragma once
+
+#include <CLI/CLI.hpp>
+
+namespace kestgps
+{
+
+/// Accepts numbers from `least` to `most`, both included; refuses what is no number.
+CLI::Validator Within(double least, double most);
+
+// Ranges that several commands share.
+constexpr double BAUD_LEAST = 50;       // [bit/s]
+constexpr double BAUD_MOST = 4000000;   // [bit/s]
+constexpr double FACTOR_LEAST = 0.01;   // a second takes at most 100
+constexpr double FACTOR_MOST = 1000000; // in effect as fast as it goes
+
+} // namespace kestgps

@@ -1,0 +1,28 @@
+// PlayingThread.h: an emulator that plays beside everything else.
+#pragma once
+
+#include <functional>
+#include <thread>
+
+#include "tools/Emulator.h"
+
+namespace kestgps
+{
+
+/// Plays on a thread of its own from its making on; stops the emulator and waits for it when it goes.
+class PlayingThread
+{
+public:
+    /// emulator: borrowed; not played before. onEnd: called on the thread when Play has returned, for
+    /// whatever reason; must not throw. Throws std::system_error when the system has no thread to give.
+    PlayingThread(Emulator& emulator, std::function<void()> onEnd);
+    ~PlayingThread();
+    PlayingThread(const PlayingThread&) = delete;
+    PlayingThread& operator=(const PlayingThread&) = delete;
+
+private:
+    Emulator& emulator; // borrowed
+    std::thread thread;
+};
+
+} // namespace kestgps

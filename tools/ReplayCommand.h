@@ -1,0 +1,38 @@
+// ReplayCommand.h: "kestgps replay", the fixes of a recorded drive.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "tools/Command.h"
+#include "tools/LineOutput.h"
+
+namespace CLI
+{
+class App;
+}
+
+namespace kestgps
+{
+
+/// Prints one line an epoch of a log, as `live` does of a receiver.
+class ReplayCommand final : public Command
+{
+public:
+    /// app: borrowed.
+    explicit ReplayCommand(CLI::App& app);
+    bool Chosen() const override;
+    int Run() override;
+
+private:
+    /// Result: the epochs of the log, as far as it was read.
+    std::uint64_t PrintEpochs(StopSignals& signals, LineOutput& output) const;
+    void RefuseOtherFiles() const;
+
+    const CLI::App* command; // borrowed
+    std::string file;
+    bool smooth = false;
+    double rate = 0.0; // [1/s] epochs; 0 for as fast as it goes
+};
+
+} // namespace kestgps

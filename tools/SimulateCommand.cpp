@@ -1,0 +1,76 @@
+#include "tools/SimulateCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <unistd.h>
+
+#include "GpsLib/Kest_GPS.h"
+#include "layers/route/CGuidePath.h"
+#include "tools/EpochLine.h"
+#include "tools/OptionChecks.h"
+#include "tools/Pace.h"
+#include "tools/RouteFile.h"
+#include "tools/ToolError.h"
+
+namespace kestgps
+{
+
+SimulateCommand::SimulateCommand(CLI::App& app)
+{
+    constexpr double LEAST = 0.001;      // of speed, step and rate alike: a drive that gets somewhere
+    constexpr double SPEED_MOST = 300.0; // [km/h]
+    constexpr double STEP_MOST = 3600.0; // [s]
+    constexpr double RATE_MOST = 1e6;
+    CLI::App* const simulate = app.add_subcommand("simulate", "Drive a route and print its fixes");
+    simulate->add_option("ROUTE", file, "GPX 1.1 track or route, or CSV of lon,lat")->required();
+    simulate->add_option("--speed", speed, "km/h (50)")->check(Within(LEAST, SPEED_MOST));
+    simulate->add_option("--step", step, "Seconds from fix to fix (1)")->check(Within(LEAST, STEP_MOST));
+    simulate->add_option("--rate", rate, "Fixes a second (as fast as it goes)")
+        ->check(Within(LEAST, RATE_MOST));
+    simulate->add_option("--nmea", nmea, "Write the drive as a log to this file instead");
+    command = simulate;
+}
+
+bool SimulateCommand::Chosen() const
+{
+    return command->parsed();
+}
+
+int SimulateCommand::Run()
+{
+    StopSignals signals;
+    LineOutput output(STDOUT_FILENO, signals);
+    std::optional<DriveLog> log;
+    Drive(signals, output, log);
+    if (log) {
+        log->Finish();
+    }
+    return 0;
+}
+
+void SimulateCommand::Drive(StopSignals& signals, LineOutput& output, std::optional<DriveLog>& log) const
+{
+    route::CGuidePath path(ReadRouteFile(file));
+    GPS::CGPSSimuDevice device;
+    if (!device.SetSimuParam(&path, step, speed) || !device.BeginSimu()) {
+        throw ToolError("the drive along " + file + " won't begin");
+    }
+    if (!nmea.empty()) {
+        log.emplace(nmea, step);
+    }
+    Pace pace(rate, signals);
+    bool driving = true;
+    while (driving && pace.AwaitNext()) {
+        _GPS_Data fix;
+        driving = device.GetGPSData(fix);
+        if (fix.valid == 0) {
+            throw ToolError("the drive along " + file + " failed on its way");
+        }
+        if (log) {
+            log->Write(fix);
+        } else if (!output.Write(EpochLine(fix))) {
+            return;
+        }
+    }
+}
+
+} // namespace kestgps
