@@ -29,8 +29,10 @@ bool SerialCommPort::Open(std::uint32_t portNumber, std::uint32_t baudRate, std:
                           std::uint32_t byteSize, std::uint32_t stopBits)
 {
     wchar_t name[NAME_SIZE];
-    if (std::swprintf(name, NAME_SIZE, L"COM%d:", static_cast<int>(portNumber)) < 0) {
-        return false; // a number of two digits doesn't fit
+    const int length = std::swprintf(name, NAME_SIZE, L"COM%d:", static_cast<int>(portNumber));
+    if (length < 0 ||
+        length >= static_cast<int>(NAME_SIZE)) { // by the standard, and as some platforms say it
+        return false;                            // a number of two digits doesn't fit
     }
     handle = CreateFileW(name, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {

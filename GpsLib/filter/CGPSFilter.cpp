@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <new>
 
+#include "GpsLib/filter/SinCos.h"
 #include "GpsLib/records/GPSUnits.h"
 
 namespace GPS
@@ -56,12 +57,12 @@ void HeadingToAngle(double& heading) noexcept
     heading = heading >= 0.0 && heading <= 90.0 ? 90.0 - heading : 450.0 - heading;
 }
 
-/// [rad] counter-clockwise from east.
-double AngleOf(const _GPS_Filter_Data& data) noexcept
+/// Sine and cosine of the angle counter-clockwise from east: the north and the east part of the motion.
+SinCos DirectionOf(const _GPS_Filter_Data& data) noexcept
 {
     double angle = data.heading;
     HeadingToAngle(angle);
-    return angle * DEGREES_TO_RADIANS;
+    return SinCosOf(angle * DEGREES_TO_RADIANS);
 }
 
 /// How the acceleration is carried into the next step, by the change of heading [deg]. While the heading
@@ -107,9 +108,9 @@ void CGPSFilter::Filter(_GPS_Filter_Data& data) noexcept
     const _GPS_Filter_Data asParsed = data;
     try {
         if (firstFix) {
-            Seed(data, AngleOf(data));
+            Seed(data, DirectionOf(data));
         } else {
-            Step(data, AngleOf(data));
+            Step(data, DirectionOf(data));
         }
     } catch (const std::bad_alloc&) {
         kalman->SetObservation(nullptr); // the step's own, which is gone
@@ -118,13 +119,13 @@ void CGPSFilter::Filter(_GPS_Filter_Data& data) noexcept
     }
 }
 
-void CGPSFilter::Seed(const _GPS_Filter_Data& data, double angle)
+void CGPSFilter::Seed(const _GPS_Filter_Data& data, const SinCos& direction)
 {
     CMatrix& seed = *initialState;
     seed[0][0] = data.lonLat.lon;
     seed[1][0] = data.lonLat.lat;
-    seed[2][0] = data.speed * std::cos(angle) * KMH_TO_MS;
-    seed[3][0] = data.speed * std::sin(angle) * KMH_TO_MS;
+    seed[2][0] = data.speed * direction.cosine * KMH_TO_MS;
+    seed[3][0] = data.speed * direction.sine * KMH_TO_MS;
     seed[4][0] = SEED_ACCELERATION;
     seed[5][0] = SEED_ACCELERATION;
     WriteDiagonal(*initialCovariance, SEED_COVARIANCE);
@@ -140,12 +141,12 @@ void CGPSFilter::Seed(const _GPS_Filter_Data& data, double angle)
     firstFix = false;
 }
 
-void CGPSFilter::Step(_GPS_Filter_Data& data, double angle)
+void CGPSFilter::Step(_GPS_Filter_Data& data, const SinCos& direction)
 {
     // The velocity comes from the raw heading, also where the heading is averaged below.
     const double observed[OBSERVED_SIZE] = {data.lonLat.lon, data.lonLat.lat,
-                                            std::cos(angle) * data.speed * KMH_TO_MS,
-                                            std::sin(angle) * data.speed * KMH_TO_MS};
+                                            direction.cosine * data.speed * KMH_TO_MS,
+                                            direction.sine * data.speed * KMH_TO_MS};
     if (SpeedClass(data) == SPEED_CLASS_SLOW) {
         data.heading = (data.heading + lastHeading) * 0.5;
     }

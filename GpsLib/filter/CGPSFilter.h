@@ -10,6 +10,8 @@
 namespace GPS
 {
 
+struct SinCos;
+
 /// A constant-acceleration Kalman filter on longitude and latitude [deg], east and north velocity [m/s] and
 /// east and north acceleration [m/s per step]; position and velocity are observed. Every step counts as one
 /// second. Values are not range-tested.
@@ -32,8 +34,8 @@ private:
     /// Throws std::bad_alloc.
     CGPSFilter();
 
-    void Seed(const _GPS_Filter_Data& data, double angle);
-    void Step(_GPS_Filter_Data& data, double angle);
+    void Seed(const _GPS_Filter_Data& data, const SinCos& direction);
+    void Step(_GPS_Filter_Data& data, const SinCos& direction);
     void WriteTransition(const _GPS_Filter_Data& data, double accelerationFactor) noexcept;
     void Correct(CMatrix& observed, _GPS_Filter_Data& data);
 

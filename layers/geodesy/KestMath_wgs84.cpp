@@ -4,6 +4,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "GpsLib/filter/SinCos.h"
+
 namespace
 {
 
@@ -32,11 +34,11 @@ double Latitude(const tagLonLat& position) noexcept
 void GetUnitLength(const tagLonLat& position, double& metresPerDegreeLon, double& metresPerDegreeLat)
 {
     const double latitude = Latitude(position);
-    const double sine = std::sin(latitude);
+    const auto [sine, cosine] = GPS::SinCosOf(latitude);
     const double w = std::sqrt(1.0 - ECCENTRICITY_SQUARED * (sine * sine));
     const double primeVertical = SEMI_MAJOR_AXIS / w;
     const double meridian = SEMI_MAJOR_AXIS * (1.0 - ECCENTRICITY_SQUARED) / (w * w * w);
-    metresPerDegreeLon = primeVertical * std::cos(latitude) * DEGREES_TO_RADIANS;
+    metresPerDegreeLon = primeVertical * cosine * DEGREES_TO_RADIANS;
     metresPerDegreeLat = meridian * DEGREES_TO_RADIANS;
 }
 

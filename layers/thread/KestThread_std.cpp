@@ -25,7 +25,7 @@ template <class NATIVE, std::size_t SIZE>
 NATIVE& In(unsigned char (&room)[SIZE]) noexcept
 {
     static_assert(sizeof(NATIVE) <= SIZE && alignof(NATIVE) <= alignof(std::max_align_t));
-    return *std::launder(reinterpret_cast<NATIVE*>(room));
+    return *std::launder(static_cast<NATIVE*>(static_cast<void*>(room)));
 }
 
 } // namespace

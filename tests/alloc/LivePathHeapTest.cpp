@@ -41,10 +41,10 @@ TEST_F(LivePathHeap, OpeningAndClosingGivesEverythingBack)
         ASSERT_TRUE(device.OpenGPS());
         device.CloseGPS();
     }
-    for (int tries = 0; tries < 3000 && heap::Living() != before; ++tries) {
+    for (int tries = 0; tries < 3000 && heap::Living() > before; ++tries) {
         KestThread::Thread::sleep(10); // the last reader's thread is on its way out
     }
-    EXPECT_EQ(heap::Living(), before);
+    EXPECT_LE(heap::Living(), before) << "the first reader's thread may have been on its way out before";
 }
 
 } // namespace

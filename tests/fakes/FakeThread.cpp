@@ -98,7 +98,7 @@ template <class STATE, std::size_t SIZE>
 STATE& In(unsigned char (&room)[SIZE]) noexcept
 {
     static_assert(sizeof(STATE) <= SIZE);
-    return *std::launder(reinterpret_cast<STATE*>(room));
+    return *std::launder(static_cast<STATE*>(static_cast<void*>(room)));
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 // LiveReceiver.h: a receiver device on a pseudo-terminal, and epochs to feed it with.
 #pragma once
 
+#include <algorithm>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
@@ -21,20 +22,23 @@ namespace live
 
 constexpr unsigned BAUD = 9600;
 
+/// A number in so many digits, with zeros in front.
+inline std::string Digits(unsigned number, std::size_t count)
+{
+    const std::string digits = std::to_string(number);
+    return std::string(count - std::min(count, digits.size()), '0') + digits;
+}
+
 /// Time and position of epoch k of a made-up drive.
 inline std::string TimeOf(unsigned k)
 {
-    char time[16];
-    std::snprintf(time, sizeof time, "%02u%02u%02u", k / 3600 % 24, k / 60 % 60, k % 60);
-    return time;
+    return Digits(k / 3600 % 24, 2) + Digits(k / 60 % 60, 2) + Digits(k % 60, 2);
 }
 
 inline std::string PositionOf(unsigned k)
 {
-    char position[48];
-    std::snprintf(position, sizeof position, "48%02u.%04u,N,011%02u.%04u,E", k / 100 % 60, k % 100,
-                  k / 100 % 60, k % 100);
-    return position;
+    const std::string minutes = Digits(k / 100 % 60, 2) + "." + Digits(k % 100, 4);
+    return "48" + minutes + ",N,011" + minutes + ",E";
 }
 
 /// The sentence that closes epoch k: every field of it follows from k, so a record that mixes two epochs

@@ -62,6 +62,7 @@ TEST(OpenClose, ThousandCyclesLeaveNothingBehind)
         GPS::CGPSCOMDevice device;
     };
     std::vector<std::unique_ptr<Place>> places;
+    places.reserve(DEVICES);
     for (unsigned port = 1; port <= DEVICES; ++port) {
         places.push_back(std::make_unique<Place>());
         platform::AssignPort(port, places.back()->line.Path());
@@ -71,6 +72,7 @@ TEST(OpenClose, ThousandCyclesLeaveNothingBehind)
     const std::ptrdiff_t threads = Threads();
     std::atomic<unsigned> opened{0};
     std::vector<std::thread> cyclers;
+    cyclers.reserve(DEVICES);
     for (const auto& place : places) {
         cyclers.emplace_back([&place, &opened] {
             const Speaker speaker(place->line);
@@ -118,8 +120,10 @@ TEST_F(QueryStress, QueriesSeeWholeRecordsOnly)
             std::this_thread::yield();
         }
     };
+    constexpr unsigned ASKERS = 4;
     std::vector<std::thread> askers;
-    for (int i = 0; i < 4; ++i) {
+    askers.reserve(ASKERS);
+    for (unsigned i = 0; i < ASKERS; ++i) {
         askers.emplace_back(ask);
     }
     {

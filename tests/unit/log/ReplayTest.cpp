@@ -1,7 +1,9 @@
 // What a log becomes again.
 #include <cstring>
+#include <thread>
 
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include "GpsLib/log/CGPSLogDevice.h"
 #include "GpsLib/log/CGPSLogDeviceImpl.h"
@@ -178,6 +180,42 @@ TEST_F(Replay, SmoothsFromTheSecondFixOn)
     EXPECT_LT(smoothed.lonLat.lon, raw.lonLat.lon) << "short of a fix that jumps ahead";
     EXPECT_GT(smoothed.lonLat.lon, 121.0 + 29.5 / 60.0) << "and ahead of the one before";
     EXPECT_EQ(smoothed.altitude, raw.altitude);
+}
+
+TEST_F(Replay, HostileFilesEndInFalse)
+{
+    std::string random;
+    for (std::uint32_t state = 1; random.size() < 1000000;) {
+        state = state * 1664525U + 1013904223U;
+        random += static_cast<char>(state >> 24U);
+    }
+    const auto many = [](char byte, std::size_t count) {
+        std::string bytes;
+        bytes.resize(count, byte);
+        return bytes;
+    };
+    const std::string files[] = {many('\0', 100000), many('x', 10000000), many('\r', 100000),
+                                 many('$', 100000),  many('\n', 100000),  random};
+    for (const std::string& bytes : files) {
+        ASSERT_TRUE(Open(bytes));
+        _GPS_Data fix;
+        int records = 0;
+        for (int calls = 0; calls < 20000; ++calls) { // a line that begins with NUL ends one call alone
+            records += device.GetGPSData(fix) ? 1 : 0;
+        }
+        EXPECT_EQ(records, 0);
+    }
+}
+
+TEST_F(Replay, PipeClosedEarlyEndsInFalse)
+{
+    std::string path = folder.Path("pipe");
+    ASSERT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
+    std::thread speaker([&path] { std::ofstream(path) << GSA << RMC.substr(0, 40); });
+    EXPECT_TRUE(device.OpenLogFileForRead(path.data()));
+    _GPS_Data fix;
+    EXPECT_FALSE(device.GetGPSData(fix));
+    speaker.join();
 }
 
 // A group that one feed has begun is not finished by another.

@@ -1,0 +1,163 @@
+// SinCos.h: sine and cosine with the same bits on every processor.
+//
+// The platform's differ in the last bit from one processor to the next, since some of its versions use fused
+// multiply-adds, and the filter magnifies a last bit where fixes jump. These use sums and products of doubles
+// alone, carry twice the digits, and round once: they are the correctly rounded values but for about one
+// argument in a thousand, where they are the neighbour.
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+
+namespace GPS
+{
+
+/// Both functions of one angle.
+struct SinCos {
+    double sine;
+    double cosine;
+};
+
+namespace sincos
+{
+
+/// A number as the unevaluated sum of two doubles, the second at most half a last bit of the first.
+struct Pair {
+    double high;
+    double low;
+};
+
+/// a + b exactly; |a| not below |b|. (T. J. Dekker, A floating-point technique for extending the available
+/// precision, 1971)
+constexpr Pair SumOfOrdered(double a, double b) noexcept
+{
+    const double sum = a + b;
+    return {sum, b - (sum - a)};
+}
+
+/// a + b exactly. (D. E. Knuth, The Art of Computer Programming, volume 2, 4.2.2)
+constexpr Pair Sum(double a, double b) noexcept
+{
+    const double sum = a + b;
+    const double part = sum - a;
+    return {sum, (a - (sum - part)) + (b - part)};
+}
+
+/// The upper half of a double's digits. (Veltkamp's splitting, in Dekker 1971)
+constexpr double UpperHalf(double a) noexcept
+{
+    const double scaled = a * 134217729.0; // 2^27 + 1
+    return scaled - (scaled - a);
+}
+
+/// a * b exactly. (Dekker 1971)
+constexpr Pair Product(double a, double b) noexcept
+{
+    const double product = a * b;
+    const double upperA = UpperHalf(a);
+    const double upperB = UpperHalf(b);
+    const double lowerA = a - upperA;
+    const double lowerB = b - upperB;
+    return {product, ((upperA * upperB - product) + upperA * lowerB + lowerA * upperB) + lowerA * lowerB};
+}
+
+constexpr Pair operator+(Pair a, Pair b) noexcept
+{
+    const Pair sum = Sum(a.high, b.high);
+    return SumOfOrdered(sum.high, sum.low + (a.low + b.low));
+}
+
+constexpr Pair operator*(Pair a, Pair b) noexcept
+{
+    const Pair product = Product(a.high, b.high);
+    return SumOfOrdered(product.high, product.low + (a.high * b.low + a.low * b.high));
+}
+
+// Half of pi in four parts; the first three have 33 bits, so that their products with a whole number up to
+// 2^20 are exact.
+constexpr double HALF_PI[] = {1.57079632673412561417, 6.07710050630396597660e-11, 2.02226624871116645580e-21,
+                              8.47842766036889956997e-32};
+constexpr double QUARTERS_A_RADIAN = 0.63661977236758138243; // 2 / pi
+constexpr double QUARTERS_MOST = 1048576.0;                  // 2^20
+
+/// The angle less so many quarter turns, which leaves at most an eighth of a turn.
+constexpr Pair Rest(double angle, double quarters) noexcept
+{
+    Pair rest = Sum(angle, -(quarters * HALF_PI[0]));
+    rest = rest + Pair{-(quarters * HALF_PI[1]), 0.0};
+    return rest + Pair{-(quarters * HALF_PI[2]), -(quarters * HALF_PI[3])};
+}
+
+/// A polynomial by Horner's rule, the highest coefficient first.
+template <std::size_t COUNT>
+constexpr double Polynomial(const double (&coefficients)[COUNT], double z) noexcept
+{
+    double value = 0.0;
+    for (const double coefficient : coefficients) {
+        value = value * z + coefficient;
+    }
+    return value;
+}
+
+// The Taylor series. Their first terms need both doubles of a pair, their tails one.
+constexpr double SINE_TAIL[] = {1.0 / 51090942171709440000.0,
+                                -1.0 / 121645100408832000.0,
+                                1.0 / 355687428096000.0,
+                                -1.0 / 1307674368000.0,
+                                1.0 / 6227020800.0,
+                                -1.0 / 39916800.0,
+                                1.0 / 362880.0,
+                                -1.0 / 5040.0};                      // 1/21! down to 1/7!
+constexpr Pair SINE_5{0.008333333333333333, 1.1564823173178714e-19}; // 1/5!
+constexpr Pair SINE_3{-0.16666666666666666, -9.25185853854297e-18};  // -1/3!
+constexpr double COSINE_TAIL[] = {1.0 / 2432902008176640000.0,
+                                  -1.0 / 6402373705728000.0,
+                                  1.0 / 20922789888000.0,
+                                  -1.0 / 87178291200.0,
+                                  1.0 / 479001600.0,
+                                  -1.0 / 3628800.0,
+                                  1.0 / 40320.0,
+                                  -1.0 / 720.0};                       // 1/20! down to 1/6!
+constexpr Pair COSINE_4{0.041666666666666664, 2.3129646346357427e-18}; // 1/4!
+constexpr Pair COSINE_2{-0.5, 0.0};                                    // -1/2!
+
+constexpr double SineOf(Pair rest, Pair square) noexcept
+{
+    const Pair fifth = SINE_5 + Product(square.high, Polynomial(SINE_TAIL, square.high));
+    const Pair third = SINE_3 + square * fifth;
+    return (rest + rest * (square * third)).high;
+}
+
+constexpr double CosineOf(Pair square) noexcept
+{
+    const Pair fourth = COSINE_4 + Product(square.high, Polynomial(COSINE_TAIL, square.high));
+    const Pair second = COSINE_2 + square * fourth;
+    return (Pair{1.0, 0.0} + square * second).high;
+}
+
+} // namespace sincos
+
+/// angle: [rad]. Beyond about 1.6 million radians, and for what is no number, the platform's own values.
+inline SinCos SinCosOf(double angle) noexcept
+{
+    const double quarters = std::floor(angle * sincos::QUARTERS_A_RADIAN + 0.5);
+    if (!(std::fabs(quarters) <= sincos::QUARTERS_MOST)) {
+        return {std::sin(angle), std::cos(angle)};
+    }
+    const sincos::Pair rest = sincos::Rest(angle, quarters);
+    const sincos::Pair square = rest * rest;
+    const double sine = sincos::SineOf(rest, square);
+    const double cosine = sincos::CosineOf(square);
+    switch (static_cast<int>(quarters) & 3) {
+    case 0:
+        return {sine, cosine};
+    case 1:
+        return {cosine, -sine};
+    case 2:
+        return {-sine, -cosine};
+    default:
+        return {-cosine, sine};
+    }
+}
+
+} // namespace GPS

@@ -1,0 +1,106 @@
+// What is left of a log when its writer is killed.
+#include <atomic>
+#include <cstdlib>
+#include <new>
+#include <random>
+#include <string>
+
+#include <gtest/gtest.h>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "GpsLib/log/CGPSLogDevice.h"
+#include "tests/support/Sentence.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace
+{
+
+constexpr std::size_t STREAM_BUFFER = 4096; // [byte] what stdio holds back of a file
+
+/// Lines of one length, each with its number, so that the whole text is known from its length.
+std::string Line(std::size_t number)
+{
+    const std::string altitude = std::to_string(100000 + number);
+    return support::Sentence("GPGGA,101500,3114.250,N,12129.500,E,1,08,0.9," + altitude + ",M,,M,,");
+}
+
+/// Bytes that the writer has handed over, seen by both processes.
+class SharedCount
+{
+public:
+    SharedCount()
+        : place(mmap(nullptr, sizeof(Count), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)),
+          count(new (place) Count(0))
+    {
+    }
+    ~SharedCount() { munmap(place, sizeof(Count)); }
+    SharedCount(const SharedCount&) = delete;
+    SharedCount& operator=(const SharedCount&) = delete;
+
+    void Add(std::size_t bytes) { *count += bytes; }
+    std::size_t Get() const { return *count; }
+
+private:
+    using Count = std::atomic<std::size_t>;
+    void* place; // owned
+    Count* count;
+};
+
+[[noreturn]] void WriteUntilKilled(const std::string& path, SharedCount& written)
+{
+    GPS::CGPSLogDevice log;
+    log.OpenLogFileForWrite(path.c_str());
+    for (std::size_t number = 0;; ++number) {
+        const std::string line = Line(number);
+        log.WriteLog(line.c_str());
+        written.Add(line.size());
+        usleep(20);
+    }
+}
+
+/// Result: the bytes handed over before the writer was killed.
+std::size_t WriteAndKill(const std::string& path, useconds_t after)
+{
+    SharedCount written;
+    const pid_t writer = fork();
+    if (writer == 0) {
+        WriteUntilKilled(path, written);
+    }
+    usleep(after);
+    kill(writer, SIGKILL);
+    waitpid(writer, nullptr, 0);
+    return written.Get();
+}
+
+TEST(KilledWriter, LeavesALogThatReplays)
+{
+    std::minstd_rand random(1); // NOLINT(cert-msc51-cpp,cert-msc32-c): the same moments each time
+    const std::size_t lineLength = Line(0).size();
+    std::size_t records = 0;
+    for (int kill = 0; kill < 100; ++kill) {
+        const support::TemporaryFolder folder;
+        std::string path = folder.Path("log");
+        const std::size_t written = WriteAndKill(path, static_cast<useconds_t>(random() % 30000));
+        const std::string left = folder.Content("log");
+        EXPECT_LE(written, left.size() + STREAM_BUFFER + lineLength) << "more is gone than the stream held";
+        std::string whole;
+        while (whole.size() < left.size()) {
+            whole += Line(whole.size() / lineLength);
+        }
+        EXPECT_EQ(left, whole.substr(0, left.size()));
+
+        GPS::CGPSLogDevice log;
+        std::size_t replayed = 0;
+        log.OpenLogFileForRead(path.data()); // there may be none yet
+        for (_GPS_Data fix; log.GetGPSData(fix); ++replayed) {
+            EXPECT_EQ(fix.altitude, 100000.0 + static_cast<double>(replayed));
+        }
+        EXPECT_GE(replayed, left.size() / lineLength) << "every whole line";
+        records += replayed;
+    }
+    EXPECT_GT(records, 0U);
+}
+
+} // namespace
