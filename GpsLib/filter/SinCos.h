@@ -135,29 +135,60 @@ constexpr double CosineOf(Pair square) noexcept
     return (Pair{1.0, 0.0} + square * second).high;
 }
 
+/// Turns the functions of what is left of an angle into those of the angle.
+constexpr SinCos Turned(SinCos rest, double quarters) noexcept
+{
+    switch (static_cast<int>(quarters) & 3) {
+    case 0:
+        return rest;
+    case 1:
+        return {rest.cosine, -rest.sine};
+    case 2:
+        return {-rest.sine, -rest.cosine};
+    default:
+        return {-rest.cosine, rest.sine};
+    }
+}
+
+/// Result: whether an angle of so many quarter turns is too large for Rest, or no number.
+inline bool IsBeyond(double quarters) noexcept
+{
+    return !(std::fabs(quarters) <= QUARTERS_MOST);
+}
+
+inline double QuartersOf(double angle) noexcept
+{
+    return std::floor(angle * QUARTERS_A_RADIAN + 0.5);
+}
+
 } // namespace sincos
 
 /// angle: [rad]. Beyond about 1.6 million radians, and for what is no number, the platform's own values.
 inline SinCos SinCosOf(double angle) noexcept
 {
-    const double quarters = std::floor(angle * sincos::QUARTERS_A_RADIAN + 0.5);
-    if (!(std::fabs(quarters) <= sincos::QUARTERS_MOST)) {
+    const double quarters = sincos::QuartersOf(angle);
+    if (sincos::IsBeyond(quarters)) {
         return {std::sin(angle), std::cos(angle)};
     }
     const sincos::Pair rest = sincos::Rest(angle, quarters);
     const sincos::Pair square = rest * rest;
-    const double sine = sincos::SineOf(rest, square);
-    const double cosine = sincos::CosineOf(square);
-    switch (static_cast<int>(quarters) & 3) {
-    case 0:
-        return {sine, cosine};
-    case 1:
-        return {cosine, -sine};
-    case 2:
-        return {-sine, -cosine};
-    default:
-        return {-cosine, sine};
+    return sincos::Turned({sincos::SineOf(rest, square), sincos::CosineOf(square)}, quarters);
+}
+
+/// The same in single doubles: several times as fast, and up to one unit in the last place off.
+inline SinCos QuickSinCosOf(double angle) noexcept
+{
+    const double quarters = sincos::QuartersOf(angle);
+    if (sincos::IsBeyond(quarters)) {
+        return {std::sin(angle), std::cos(angle)};
     }
+    const sincos::Pair rest = sincos::Rest(angle, quarters);
+    const double z = rest.high * rest.high;
+    const double third =
+        sincos::SINE_3.high + z * (sincos::SINE_5.high + z * sincos::Polynomial(sincos::SINE_TAIL, z));
+    const double second =
+        sincos::COSINE_2.high + z * (sincos::COSINE_4.high + z * sincos::Polynomial(sincos::COSINE_TAIL, z));
+    return sincos::Turned({rest.high + (rest.high * (z * third) + rest.low), 1.0 + z * second}, quarters);
 }
 
 } // namespace GPS

@@ -34,7 +34,7 @@ double Latitude(const tagLonLat& position) noexcept
 void GetUnitLength(const tagLonLat& position, double& metresPerDegreeLon, double& metresPerDegreeLat)
 {
     const double latitude = Latitude(position);
-    const auto [sine, cosine] = GPS::SinCosOf(latitude);
+    const auto [sine, cosine] = GPS::QuickSinCosOf(latitude);
     const double w = std::sqrt(1.0 - ECCENTRICITY_SQUARED * (sine * sine));
     const double primeVertical = SEMI_MAJOR_AXIS / w;
     const double meridian = SEMI_MAJOR_AXIS * (1.0 - ECCENTRICITY_SQUARED) / (w * w * w);

@@ -28,6 +28,9 @@ TEST(SinCos, IsTheNearestDoubleButForOneArgumentInAThousand)
         const auto cosine = static_cast<double>(std::cos(static_cast<long double>(angle)));
         ASSERT_TRUE(IsNear(both.sine, sine)) << angle;
         ASSERT_TRUE(IsNear(both.cosine, cosine)) << angle;
+        const GPS::SinCos quick = GPS::QuickSinCosOf(angle);
+        ASSERT_TRUE(IsNear(quick.sine, sine)) << angle;
+        ASSERT_TRUE(IsNear(quick.cosine, cosine)) << angle;
         notNearest += both.sine != sine || both.cosine != cosine ? 1 : 0;
     }
     if (sizeof(long double) > sizeof(double)) { // else the other side is no better
@@ -42,6 +45,7 @@ TEST(SinCos, HoldsAtTheEdges)
     EXPECT_EQ(GPS::SinCosOf(0.0).cosine, 1.0);
     EXPECT_EQ(GPS::SinCosOf(HALF_PI).sine, 1.0);
     EXPECT_EQ(GPS::SinCosOf(HALF_PI).cosine, 6.123233995736766e-17); // pi/2 less its double
+    EXPECT_EQ(GPS::QuickSinCosOf(HALF_PI).cosine, 6.123233995736766e-17);
     EXPECT_EQ(GPS::SinCosOf(-2 * HALF_PI).sine, -1.2246467991473532e-16);
     EXPECT_EQ(GPS::SinCosOf(1e300).sine, std::sin(1e300));
     EXPECT_EQ(GPS::SinCosOf(-1.6e6).cosine, std::cos(-1.6e6));
