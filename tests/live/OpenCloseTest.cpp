@@ -68,6 +68,8 @@ TEST(OpenClose, ThousandCyclesLeaveNothingBehind)
         platform::AssignPort(port, places.back()->line.Path());
         places.back()->device.SetGPSCOMParam(port, live::BAUD, 0, 8, 0);
     }
+    places.front()->device.OpenGPS(); // a first thread can bring another that stays, such as a sanitizer's
+    places.front()->device.CloseGPS();
     const std::ptrdiff_t descriptors = Descriptors();
     const std::ptrdiff_t threads = Threads();
     std::atomic<unsigned> opened{0};
@@ -87,10 +89,10 @@ TEST(OpenClose, ThousandCyclesLeaveNothingBehind)
     }
     EXPECT_EQ(opened, DEVICES * CYCLES);
     EXPECT_EQ(Descriptors(), descriptors);
-    for (int tries = 0; tries < 3000 && Threads() != threads; ++tries) {
+    for (int tries = 0; tries < 3000 && Threads() > threads; ++tries) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10)); // the last readers are on their way out
     }
-    EXPECT_EQ(Threads(), threads);
+    EXPECT_LE(Threads(), threads);
     for (unsigned port = 1; port <= DEVICES; ++port) {
         platform::AssignPort(port, "");
     }
