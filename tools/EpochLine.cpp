@@ -58,7 +58,8 @@ std::string EpochLine(const _GPS_Data& fix)
            RightAligned(DecimalText(fix.lonLat.lon, 7), 13) + RightAligned(DecimalText(fix.speed, 1), 7) +
            " km/h" + RightAligned(DecimalText(fix.heading, 1), 7) + " deg  satellites " +
            RightAligned(std::to_string(fix.satUsed), 2) + "/" +
-           RightAligned(std::to_string(fix.satellite.viewCount), 2) + "  hdop " + DecimalText(fix.hdop, 1);
+           RightAligned(std::to_string(fix.satellite.viewCount), 2) + "  pdop " + DecimalText(fix.pdop, 1) +
+           " hdop " + DecimalText(fix.hdop, 1) + " vdop " + DecimalText(fix.vdop, 1);
 }
 
 std::string NoFixLine()

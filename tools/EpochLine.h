@@ -10,8 +10,8 @@
 namespace kestgps
 {
 
-/// UTC time, latitude and longitude in degrees, speed, heading, satellites in use and in view, horizontal
-/// dilution. Without a fix the position, speed and heading of the record mean nothing and are left out.
+/// UTC time, latitude and longitude in degrees, speed, heading, satellites in use and in view, the
+/// dilutions. Without a fix the position, speed and heading of the record mean nothing and are left out.
 std::string EpochLine(const _GPS_Data& fix);
 
 /// The line of an epoch of which nothing is known but that it had no fix; a receiver's getters keep the rest

@@ -91,9 +91,9 @@ TEST(CommandLine, ADeviceInUseAndASilentOneAreToldApart)
 TEST(CommandLine, LivePrintsTheEpochsAskedForAndTheSummary)
 {
     Program program("live --demo --factor 1000 --epochs 3 --events --state");
-    const std::string parked =
-        "08:30:00  fix   50.0000000   10.0000000    0.0 km/h   20.0 deg  satellites  8/11  hdop 0.9"
-        "  move slow, heading turning\n";
+    const std::string parked = "08:30:00  fix   50.0000000   10.0000000    0.0 km/h   20.0 deg  satellites  "
+                               "8/11  pdop 1.7 hdop 0.9 vdop 1.4"
+                               "  move slow, heading turning\n";
     EXPECT_EQ(program.Line(), "event 1002 moved\n"); // away from 0, 0
     EXPECT_EQ(program.Line(), "event 1001 epoch\n");
     EXPECT_EQ(program.Line(), parked);
