@@ -47,4 +47,40 @@ TEST_F(LivePathHeap, OpeningAndClosingGivesEverythingBack)
     EXPECT_LE(heap::Living(), before) << "the first reader's thread may have been on its way out before";
 }
 
+TEST_F(LivePathHeap, OpeningOutlivesEachFailingAllocation)
+{
+    bool failed = true;
+    std::uint64_t nth = 1;
+    for (; failed; ++nth) {
+        heap::FailAt(nth);
+        const bool opened = device.OpenGPS();
+        failed = heap::HasFailed();
+        heap::FailAt(0);
+        EXPECT_TRUE(opened || failed);
+        device.CloseGPS();
+        ASSERT_TRUE(device.OpenGPS()) << "after the failure of allocation " << nth;
+        device.CloseGPS();
+    }
+    EXPECT_GT(nth, 6U) << "port, its platform part, listener, its parser, reader, its lock";
+}
+
+TEST(DeviceHeapFailure, DeviceWithoutMemoryAnswersNo)
+{
+    bool failed = true;
+    for (std::uint64_t nth = 1; failed; ++nth) {
+        heap::FailAt(nth);
+        GPS::CGPSCOMDevice receiver;
+        GPS::CGPSLogDevice log;
+        failed = heap::HasFailed();
+        heap::FailAt(0);
+        _GPS_Data fix;
+        EXPECT_FALSE(receiver.GetGPSData(fix));
+        EXPECT_FALSE(log.GetGPSData(fix));
+        receiver.OpenFilter();
+        receiver.CloseGPS();
+        EXPECT_EQ(receiver.GetVehicleCurrMoveState(), MOVESTATE_UNKNOWN);
+        EXPECT_EQ(receiver.GetVehicleCurrHeadingState(), HEADINGSTATE_UNKNOWN);
+    }
+}
+
 } // namespace
