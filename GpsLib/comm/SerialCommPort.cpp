@@ -30,9 +30,9 @@ bool SerialCommPort::Open(std::uint32_t portNumber, std::uint32_t baudRate, std:
 {
     wchar_t name[NAME_SIZE];
     const int length = std::swprintf(name, NAME_SIZE, L"COM%d:", static_cast<int>(portNumber));
-    if (length < 0 ||
-        length >= static_cast<int>(NAME_SIZE)) { // by the standard, and as some platforms say it
-        return false;                            // a number of two digits doesn't fit
+    // A number of two digits doesn't fit; the standard tells it by a negative length, some platforms don't.
+    if (length < 0 || length >= static_cast<int>(NAME_SIZE)) {
+        return false;
     }
     handle = CreateFileW(name, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
     if (handle == INVALID_HANDLE_VALUE) {

@@ -29,8 +29,8 @@ public:
 
     /// Sets route, time step and speed; on a drive under way they count from the next step on, the route's
     /// first block from the next BeginSimu on.
-    /// path: borrowed until EndSimu; null is refused by BeginSimu, and under way
-    /// ends the drive where the next block is due.
+    /// path: borrowed until EndSimu; null is refused by BeginSimu, and under way ends the drive where
+    /// the next block is due.
     /// timeStep: [s]. speed: [km/h], at most 300; more counts as 300. Both must be above 0, which BeginSimu
     /// tests.
     /// Result: false without memory for the drive.
