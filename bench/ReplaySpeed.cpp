@@ -98,9 +98,7 @@ int main(int argc, char** argv)
         } else if (argc == 3 && std::strcmp(argv[1], "smooth") == 0) {
             Replay(argv[2], true);
         } else {
-            std::fputs("usage: kest_gps_replay_speed write FILE EPOCHS | replay FILE | smooth FILE\n",
-                       stderr);
-            return 2;
+            throw std::runtime_error("usage: write FILE EPOCHS | replay FILE | smooth FILE");
         }
         return 0;
     } catch (const std::exception& error) {
