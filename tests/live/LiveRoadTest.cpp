@@ -1,5 +1,8 @@
 // The whole live road: bytes on a port become fixes and events in the application.
+#include <algorithm>
 #include <atomic>
+#include <chrono>
+#include <string_view>
 #include <thread>
 
 #include "tests/live/LiveReceiver.h"
@@ -71,10 +74,28 @@ TEST_F(LiveRoad, QueriesAnswerInsideAnEvent)
     EXPECT_EQ(seen, 42U);
 }
 
+/// Writes as a receiver at 4800 baud sends.
+/// Result: the longest pause between two writes, which is longer than meant when this thread gets no
+/// processor.
+std::chrono::steady_clock::duration WriteSlowly(support::PseudoTerminal& line, std::string_view bytes)
+{
+    constexpr std::size_t PIECE = 5; // about 10 ms
+    std::chrono::steady_clock::duration longest{};
+    auto latest = std::chrono::steady_clock::now();
+    for (std::size_t at = 0; at < bytes.size(); at += PIECE) {
+        line.Write(bytes.substr(at, PIECE));
+        longest = std::max(longest, std::chrono::steady_clock::now() - latest);
+        latest = std::chrono::steady_clock::now();
+        Pause(8);
+    }
+    return longest;
+}
+
 // At 4800 baud a burst outlasts one read, which then has to end between two sentences.
 TEST_F(LiveRoad, SlowBurstLosesNoSentence)
 {
     constexpr unsigned EPOCHS = 10;
+    constexpr std::chrono::milliseconds NO_GAP(70); // far below the gap that ends a read
     std::string burst;
     for (unsigned k = 1; k <= EPOCHS; ++k) {
         burst += Epoch(k);
@@ -85,12 +106,18 @@ TEST_F(LiveRoad, SlowBurstLosesNoSentence)
         whole += device.GetGPSData(fix) && IsWhole(fix) ? 1U : 0U;
     };
     ASSERT_TRUE(device.OpenGPS());
-    for (std::size_t at = 0; at < burst.size(); at += 5) {
-        line.Write(burst.substr(at, 5));
-        Pause(8); // about 5 bytes at 4800 baud, far below the gap that ends a read
+    for (int tries = 0; tries < 5; ++tries) {
+        whole = 0;
+        const unsigned before = Epochs();
+        const bool steady = WriteSlowly(line, burst) < NO_GAP;
+        if (steady) {
+            ASSERT_TRUE(AwaitEpochs(before + EPOCHS));
+            EXPECT_EQ(whole, EPOCHS);
+            return;
+        }
+        Pause(1000); // until what is still on its way has been taken
     }
-    ASSERT_TRUE(AwaitEpochs(EPOCHS));
-    EXPECT_EQ(whole, EPOCHS);
+    GTEST_SKIP() << "this machine is too busy to send without gaps";
 }
 
 struct Garbage {
