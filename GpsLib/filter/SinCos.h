@@ -156,6 +156,7 @@ inline bool IsBeyond(double quarters) noexcept
     return !(std::fabs(quarters) <= QUARTERS_MOST);
 }
 
+/// Result: the whole number of quarter turns nearest to an angle [rad].
 inline double QuartersOf(double angle) noexcept
 {
     return std::floor(angle * QUARTERS_A_RADIAN + 0.5);

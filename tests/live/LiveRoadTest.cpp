@@ -126,10 +126,7 @@ struct Garbage {
     std::size_t piece; // bytes at a time, with a gap behind each; 0 for all at once
 };
 
-void PrintTo(const Garbage& garbage, std::ostream* out)
-{
-    *out << garbage.rule;
-}
+using support::operator<<;
 
 const Garbage GARBAGE[] = {
     {"Nuls", std::string(700, '\0'), 0},

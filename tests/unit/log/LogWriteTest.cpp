@@ -22,10 +22,7 @@ struct LineCase {
     std::string written;
 };
 
-void PrintTo(const LineCase& line, std::ostream* out)
-{
-    *out << line.rule;
-}
+using support::operator<<;
 
 const std::string LONGEST_IN_ONE(253, 'x');
 const std::string LONGER(100000, 'y');

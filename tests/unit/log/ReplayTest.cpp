@@ -72,10 +72,7 @@ struct StreamCase {
     Records seconds; // of the records that come out
 };
 
-void PrintTo(const StreamCase& stream, std::ostream* out)
-{
-    *out << stream.rule;
-}
+using support::operator<<;
 
 std::string WithBareLf(std::string text)
 {

@@ -190,10 +190,7 @@ struct FailureCase {
     bool begins; // else BeginSimu answers false
 };
 
-void PrintTo(const FailureCase& failure, std::ostream* out)
-{
-    *out << failure.rule;
-}
+using support::operator<<;
 
 const FailureCase FAILURES[] = {
     {"NoBlock", {}, false},
