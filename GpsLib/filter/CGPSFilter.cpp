@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <new>
 
-#include "GpsLib/filter/SinCos.h"
+#include "GpsLib/math/SinCos.h"
 #include "GpsLib/records/GPSUnits.h"
 
 namespace GPS

@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "GpsLib/contracts/KestMath.h"
+#include "GpsLib/math/AngleOf.h"
 #include "GpsLib/records/GPSUnits.h"
 
 namespace
@@ -184,7 +185,7 @@ double CGPSSimuDeviceImpl::Bearing(const tagLonLat& from, const tagLonLat& to)
     GetUnitLength(from, metresLon, metresLat);
     const double x = (to.lon - from.lon) * metresLon;
     const double y = (to.lat - from.lat) * metresLat;
-    const double angle = std::atan2(y, x);
+    const double angle = AngleOf(y, x);
     return (angle > 0.0 ? angle : angle + FULL_CIRCLE) * RADIANS_TO_DEGREES;
 }
 

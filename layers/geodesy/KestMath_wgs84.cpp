@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "GpsLib/filter/SinCos.h"
+#include "GpsLib/math/SinCos.h"
 
 namespace
 {

@@ -12,6 +12,7 @@
 #include "GpsLib/contracts/WinSerial.h"
 #include "layers/platform/PortMap.h"
 #include "tests/support/PseudoTerminal.h"
+#include "tests/support/Row.h"
 
 namespace
 {
@@ -123,30 +124,36 @@ const Settings SETTINGS[] = {
     {"NoSuchStopBits", 9600, NOPARITY, 8, 3, false},
 };
 
-TEST_F(SerialLayerPort, TakesWhatTheDriverCanDoAndElseKeepsWhatItHad)
+using support::operator<<; // how a failing row is printed
+
+class SerialLayerSettings : public SerialLayerPort, public testing::WithParamInterface<Settings>
+{
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, SerialLayerSettings, testing::ValuesIn(SETTINGS), support::RuleName());
+
+TEST_P(SerialLayerSettings, AreTakenIfTheDriverHasThemAndElseAsTheyWere)
 {
     const HANDLE port = OpenNamed(L"COM7:");
-    for (const Settings& asked : SETTINGS) {
-        SCOPED_TRACE(asked.rule);
-        DCB settings{};
-        settings.BaudRate = 38400;
-        settings.ByteSize = 8;
-        settings.fInX = 1;
-        ASSERT_TRUE(SetCommState(port, &settings));
-        settings.fInX = 0;
-        settings.BaudRate = asked.speed;
-        settings.Parity = asked.parity;
-        settings.ByteSize = asked.size;
-        settings.StopBits = asked.stop;
-        EXPECT_EQ(SetCommState(port, &settings) != 0, asked.taken);
-        DCB present{};
-        ASSERT_TRUE(GetCommState(port, &present));
-        EXPECT_EQ(present.BaudRate, asked.taken ? asked.speed : 38400);
-        EXPECT_EQ(present.StopBits, asked.taken ? asked.stop : ONESTOPBIT);
-        EXPECT_EQ(present.ByteSize, 8);
-        EXPECT_EQ(present.Parity, NOPARITY);
-        EXPECT_EQ(present.fInX, asked.taken ? 0U : 1U);
-    }
+    const Settings& asked = GetParam();
+    DCB settings{};
+    settings.BaudRate = 38400;
+    settings.ByteSize = 8;
+    settings.fInX = 1;
+    ASSERT_TRUE(SetCommState(port, &settings));
+    settings.fInX = 0;
+    settings.BaudRate = asked.speed;
+    settings.Parity = asked.parity;
+    settings.ByteSize = asked.size;
+    settings.StopBits = asked.stop;
+    EXPECT_EQ(SetCommState(port, &settings) != 0, asked.taken);
+    DCB present{};
+    ASSERT_TRUE(GetCommState(port, &present));
+    EXPECT_EQ(present.BaudRate, asked.taken ? asked.speed : 38400);
+    EXPECT_EQ(present.StopBits, asked.taken ? asked.stop : ONESTOPBIT);
+    EXPECT_EQ(present.ByteSize, 8);
+    EXPECT_EQ(present.Parity, NOPARITY);
+    EXPECT_EQ(present.fInX, asked.taken ? 0U : 1U);
     CloseHandle(port);
 }
 

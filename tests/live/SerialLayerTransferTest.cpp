@@ -280,7 +280,7 @@ TEST_F(SerialLayerTransfer, SameHandleGoesOnWhenTheDeviceIsBack)
 {
     DCB settings{};
     GetCommState(port, &settings);
-    settings.BaudRate = 14401;
+    settings.BaudRate = 4800;
     ASSERT_TRUE(SetCommState(port, &settings));
     Limit(SHORT_TOTAL);
     device.Write("torn");
@@ -299,7 +299,7 @@ TEST_F(SerialLayerTransfer, SameHandleGoesOnWhenTheDeviceIsBack)
 
     DCB present{};
     EXPECT_TRUE(GetCommState(port, &present));
-    EXPECT_EQ(present.BaudRate, 14401U);
+    EXPECT_EQ(present.BaudRate, 4800U);
     EXPECT_EQ(CreateFileW(L"COM7:", GENERIC_READ, 0, nullptr, OPEN_EXISTING, 0, nullptr),
               INVALID_HANDLE_VALUE);
     EXPECT_TRUE(WriteFile(port, "out", 3, &count, nullptr));

@@ -7,7 +7,8 @@
 #pragma once
 
 #include <cmath>
-#include <cstddef>
+
+#include "GpsLib/math/Pair.h"
 
 namespace GPS
 {
@@ -20,58 +21,6 @@ struct SinCos {
 
 namespace sincos
 {
-
-/// A number as the unevaluated sum of two doubles, the second at most half a last bit of the first.
-struct Pair {
-    double high;
-    double low;
-};
-
-/// a + b exactly; |a| not below |b|. (T. J. Dekker, A floating-point technique for extending the available
-/// precision, 1971)
-constexpr Pair SumOfOrdered(double a, double b) noexcept
-{
-    const double sum = a + b;
-    return {sum, b - (sum - a)};
-}
-
-/// a + b exactly. (D. E. Knuth, The Art of Computer Programming, volume 2, 4.2.2)
-constexpr Pair Sum(double a, double b) noexcept
-{
-    const double sum = a + b;
-    const double part = sum - a;
-    return {sum, (a - (sum - part)) + (b - part)};
-}
-
-/// The upper half of a double's digits. (Veltkamp's splitting, in Dekker 1971)
-constexpr double UpperHalf(double a) noexcept
-{
-    const double scaled = a * 134217729.0; // 2^27 + 1
-    return scaled - (scaled - a);
-}
-
-/// a * b exactly. (Dekker 1971)
-constexpr Pair Product(double a, double b) noexcept
-{
-    const double product = a * b;
-    const double upperA = UpperHalf(a);
-    const double upperB = UpperHalf(b);
-    const double lowerA = a - upperA;
-    const double lowerB = b - upperB;
-    return {product, ((upperA * upperB - product) + upperA * lowerB + lowerA * upperB) + lowerA * lowerB};
-}
-
-constexpr Pair operator+(Pair a, Pair b) noexcept
-{
-    const Pair sum = Sum(a.high, b.high);
-    return SumOfOrdered(sum.high, sum.low + (a.low + b.low));
-}
-
-constexpr Pair operator*(Pair a, Pair b) noexcept
-{
-    const Pair product = Product(a.high, b.high);
-    return SumOfOrdered(product.high, product.low + (a.high * b.low + a.low * b.high));
-}
 
 // Half of pi in four parts; the first three have 33 bits, so that their products with a whole number up to
 // 2^20 are exact.
@@ -86,17 +35,6 @@ constexpr Pair Rest(double angle, double quarters) noexcept
     Pair rest = Sum(angle, -(quarters * HALF_PI[0]));
     rest = rest + Pair{-(quarters * HALF_PI[1]), 0.0};
     return rest + Pair{-(quarters * HALF_PI[2]), -(quarters * HALF_PI[3])};
-}
-
-/// A polynomial by Horner's rule, the highest coefficient first.
-template <std::size_t COUNT>
-constexpr double Polynomial(const double (&coefficients)[COUNT], double z) noexcept
-{
-    double value = 0.0;
-    for (const double coefficient : coefficients) {
-        value = value * z + coefficient;
-    }
-    return value;
 }
 
 // The Taylor series. Their first terms need both doubles of a pair, their tails one.
@@ -171,8 +109,8 @@ inline SinCos SinCosOf(double angle) noexcept
     if (sincos::IsBeyond(quarters)) {
         return {std::sin(angle), std::cos(angle)};
     }
-    const sincos::Pair rest = sincos::Rest(angle, quarters);
-    const sincos::Pair square = rest * rest;
+    const Pair rest = sincos::Rest(angle, quarters);
+    const Pair square = rest * rest;
     return sincos::Turned({sincos::SineOf(rest, square), sincos::CosineOf(square)}, quarters);
 }
 
@@ -183,12 +121,12 @@ inline SinCos QuickSinCosOf(double angle) noexcept
     if (sincos::IsBeyond(quarters)) {
         return {std::sin(angle), std::cos(angle)};
     }
-    const sincos::Pair rest = sincos::Rest(angle, quarters);
+    const Pair rest = sincos::Rest(angle, quarters);
     const double z = rest.high * rest.high;
     const double third =
-        sincos::SINE_3.high + z * (sincos::SINE_5.high + z * sincos::Polynomial(sincos::SINE_TAIL, z));
+        sincos::SINE_3.high + z * (sincos::SINE_5.high + z * Polynomial(sincos::SINE_TAIL, z));
     const double second =
-        sincos::COSINE_2.high + z * (sincos::COSINE_4.high + z * sincos::Polynomial(sincos::COSINE_TAIL, z));
+        sincos::COSINE_2.high + z * (sincos::COSINE_4.high + z * Polynomial(sincos::COSINE_TAIL, z));
     return sincos::Turned({rest.high + (rest.high * (z * third) + rest.low), 1.0 + z * second}, quarters);
 }
 

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "GpsLib/filter/SinCos.h"
+#include "GpsLib/math/SinCos.h"
 
 namespace
 {
