@@ -1,8 +1,10 @@
 #include "fuzz/ParseByRules.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <cstring>
+#include <limits>
 #include <memory>
 
 #include "fuzz/Require.h"
@@ -28,13 +30,19 @@ bool IsType(const char* sentence, const char* type)
     return std::strncmp(sentence, "$GP", 3) == 0 && std::strncmp(sentence + 3, type, 3) == 0;
 }
 
+/// Result: the int nearest to the number in a field; 0 for no field.
+int Int(const char* field)
+{
+    using Limits = std::numeric_limits<int>;
+    const long long value = field == nullptr ? 0 : std::strtoll(field, nullptr, 10);
+    return static_cast<int>(std::clamp<long long>(value, Limits::min(), Limits::max()));
+}
+
 /// The last message of a group, or one that doesn't say which it is.
 bool EndsGroup(const char* sentence)
 {
-    const char* const total = Field(sentence, 1);
     const char* const number = Field(sentence, 2);
-    return number == nullptr ||
-           std::strtol(number, nullptr, 10) == (total == nullptr ? 0 : std::strtol(total, nullptr, 10));
+    return number == nullptr || Int(number) == Int(Field(sentence, 1));
 }
 
 /// What GSV alone writes.
