@@ -9,6 +9,7 @@ namespace
 {
 
 using kestgps::ReadRoute;
+using support::operator<<; // how a failing row is printed
 
 struct RouteCase {
     const char* rule;
