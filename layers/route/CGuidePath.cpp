@@ -40,7 +40,9 @@ double SegmentLength(const tagLonLat& from, const tagLonLat& to)
     double metresLon = 0.0;
     double metresLat = 0.0;
     GetUnitLength(midway, metresLon, metresLat);
-    return std::hypot((to.lon - from.lon) * metresLon, (to.lat - from.lat) * metresLat);
+    const double x = (to.lon - from.lon) * metresLon;
+    const double y = (to.lat - from.lat) * metresLat;
+    return std::sqrt(x * x + y * y); // not hypot, whose last bit differs between processors
 }
 
 PathGuid MakeBlock(const tagLonLat* points, std::size_t count)

@@ -1,6 +1,7 @@
 // What the live road takes from the heap.
 #include "tests/alloc/CountedHeap.h"
 #include "tests/live/LiveReceiver.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace
 {
@@ -49,38 +50,33 @@ TEST_F(LivePathHeap, OpeningAndClosingGivesEverythingBack)
 
 TEST_F(LivePathHeap, OpeningOutlivesEachFailingAllocation)
 {
-    bool failed = true;
-    std::uint64_t nth = 1;
-    for (; failed; ++nth) {
-        heap::FailAt(nth);
-        const bool opened = device.OpenGPS();
-        failed = heap::HasFailed();
-        heap::FailAt(0);
-        EXPECT_TRUE(opened || failed);
+    std::uint64_t n = 1;
+    bool opened = false;
+    for (; heap::Failing(n, [&] { opened = device.OpenGPS(); }); ++n) {
         device.CloseGPS();
-        ASSERT_TRUE(device.OpenGPS()) << "after the failure of allocation " << nth;
+        ASSERT_TRUE(device.OpenGPS()) << "after the failure of allocation " << n;
         device.CloseGPS();
     }
-    EXPECT_GT(nth, 6U) << "port, its platform part, listener, its parser, reader, its lock";
+    EXPECT_TRUE(opened);
+    EXPECT_GT(n, 6U) << "port, its platform part, listener, its parser, reader, its lock";
 }
 
-TEST(DeviceHeapFailure, DeviceWithoutMemoryAnswersNo)
+TEST_F(LivePathHeap, LogOutlivesEachFailingAllocation)
 {
-    bool failed = true;
-    for (std::uint64_t nth = 1; failed; ++nth) {
-        heap::FailAt(nth);
-        GPS::CGPSCOMDevice receiver;
-        GPS::CGPSLogDevice log;
-        failed = heap::HasFailed();
-        heap::FailAt(0);
-        _GPS_Data fix;
-        EXPECT_FALSE(receiver.GetGPSData(fix));
-        EXPECT_FALSE(log.GetGPSData(fix));
-        receiver.OpenFilter();
-        receiver.CloseGPS();
-        EXPECT_EQ(receiver.GetVehicleCurrMoveState(), MOVESTATE_UNKNOWN);
-        EXPECT_EQ(receiver.GetVehicleCurrHeadingState(), HEADINGSTATE_UNKNOWN);
+    const support::TemporaryFolder folder;
+    std::string path = folder.Path("log");
+    ASSERT_TRUE(device.OpenGPS());
+    std::uint64_t n = 1;
+    bool started = false;
+    for (; heap::Failing(n, [&] { started = device.StartWriteLog(path.data(), LOGTYPE_NMEA); }); ++n) {
+        EXPECT_TRUE(started) << "by the other way of opening";
+        EXPECT_TRUE(device.StopWriteLog());
     }
+    EXPECT_TRUE(started);
+    line.Write(epoch);
+    ASSERT_TRUE(AwaitEpochs(1));
+    EXPECT_TRUE(device.StopWriteLog());
+    EXPECT_EQ(folder.Content("log"), epoch);
 }
 
 } // namespace

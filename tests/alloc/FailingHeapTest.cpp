@@ -1,0 +1,215 @@
+// Each allocation of a device's work failing once: a plain answer, nothing lost behind it, nothing leaked.
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <new>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "GpsLib/Kest_GPS.h"
+#include "GpsLib/comm/Observable.h"
+#include "GpsLib/device/CGPSCOMDeviceImpl.h"
+#include "GpsLib/device/CGPSStreamListener.h"
+#include "GpsLib/device/GpsEvents.h"
+#include "layers/event/EventReceivers.h"
+#include "layers/route/CGuidePath.h"
+#include "tests/alloc/CountedHeap.h"
+#include "tests/live/LiveReceiver.h"
+#include "tests/support/TemporaryFolder.h"
+
+namespace
+{
+
+class FailingHeap : public testing::Test
+{
+protected:
+    FailingHeap()
+    {
+        event::RemoveReceiver(0); // the list of receivers is there from now on, and stays
+        before = heap::Living();
+    }
+
+    ~FailingHeap() override { EXPECT_EQ(heap::Living(), before) << "given back"; }
+
+private:
+    std::int64_t before;
+};
+
+TEST_F(FailingHeap, DeviceWithoutMemoryAnswersNo)
+{
+    struct Devices {
+        GPS::CGPSCOMDevice receiver;
+        GPS::CGPSLogDevice log;
+        GPS::CGPSSimuDevice simulation; // takes nothing yet
+    };
+    std::optional<Devices> devices;
+    std::uint64_t n = 1;
+    for (; heap::Failing(n, [&devices] { devices.emplace(); }); ++n) {
+        _GPS_Data fix;
+        EXPECT_FALSE(devices->receiver.GetGPSData(fix));
+        EXPECT_FALSE(devices->log.GetGPSData(fix));
+        EXPECT_FALSE(devices->simulation.GetGPSData(fix));
+        devices->receiver.OpenFilter();
+        devices->receiver.CloseGPS();
+        EXPECT_EQ(devices->receiver.GetVehicleCurrMoveState(), MOVESTATE_UNKNOWN);
+        EXPECT_EQ(devices->receiver.GetVehicleCurrHeadingState(), HEADINGSTATE_UNKNOWN);
+    }
+    EXPECT_GT(n, 10U) << "two objects, and what they hold";
+}
+
+TEST_F(FailingHeap, SimulationAnswersNoAndThenDrives)
+{
+    std::vector<tagLonLat> road;
+    for (int i = 0; i < 300; ++i) { // several blocks
+        road.push_back({11.0 + i * 1e-4, 48.0});
+    }
+    route::CGuidePath path(road);
+    std::uint64_t n = 1;
+    for (bool failed = true; failed; ++n) {
+        GPS::CGPSSimuDevice device;
+        bool set = false;
+        bool begun = false;
+        _GPS_Data fix;
+        failed = heap::Failing(n, [&] {
+            set = device.SetSimuParam(&path, 1.0, 100.0);
+            begun = device.BeginSimu();
+            while (device.GetGPSData(fix)) {
+            }
+        });
+        EXPECT_EQ(set, !failed);
+        EXPECT_EQ(begun, !failed);
+        EXPECT_EQ(fix.lonLat.lon == road.back().lon, !failed);
+        EXPECT_TRUE(device.SetSimuParam(&path, 1.0, 100.0) && device.BeginSimu() && device.GetGPSData(fix));
+    }
+    EXPECT_GT(n, 2U);
+}
+
+const std::string LOG = live::Epoch(1) + live::Epoch(2) + live::Epoch(3) + live::Epoch(4);
+
+using Altitudes = std::array<double, 5>;
+
+/// The altitudes of all records of a replay, which smoothing leaves alone.
+Altitudes Replayed(GPS::CGPSLogDevice& device)
+{
+    Altitudes altitudes{};
+    _GPS_Data fix;
+    for (double& altitude : altitudes) {
+        altitude = device.GetGPSData(fix) ? fix.altitude : 0.0;
+    }
+    return altitudes;
+}
+
+TEST_F(FailingHeap, ReplayLosesNoRecord)
+{
+    const support::TemporaryFolder folder;
+    std::string path = folder.File("log", LOG);
+    for (const bool smoothed : {false, true}) {
+        std::uint64_t n = 1;
+        for (bool failed = true; failed; ++n) {
+            GPS::CGPSLogDevice device;
+            if (smoothed) {
+                device.OpenFilter();
+            }
+            bool opened = false;
+            Altitudes records{};
+            failed = heap::Failing(n, [&] {
+                opened = device.OpenLogFileForRead(path.data());
+                records = Replayed(device);
+            });
+            EXPECT_TRUE(opened || failed);
+            if (!opened) {
+                EXPECT_EQ(records, Altitudes{});
+                EXPECT_TRUE(device.OpenLogFileForRead(path.data()));
+                records = Replayed(device);
+            }
+            EXPECT_EQ(records, (Altitudes{1, 2, 3, 4, 0})) << n;
+        }
+        EXPECT_GT(n, smoothed ? 60U : 1U);
+    }
+}
+
+TEST_F(FailingHeap, LogIsWrittenWhole)
+{
+    const support::TemporaryFolder folder;
+    const std::string path = folder.Path("log");
+    bool written = true;
+    std::size_t times = 0;
+    for (bool failed = true; failed; ++times) {
+        failed = heap::Failing(times + 1, [&] {
+            GPS::CGPSLogDevice device;
+            written = device.OpenLogFileForWrite(path.c_str()) && device.WriteLog("$GPGGA,1\r\n") &&
+                      device.WriteLog("$GPGGA,2");
+        });
+        EXPECT_TRUE(written || failed);
+        EXPECT_EQ(folder.Content("log"), written ? "$GPGGA,1\r\n$GPGGA,2\r\n" : "") << times;
+        std::remove(path.c_str());
+    }
+    EXPECT_TRUE(written);
+    EXPECT_GT(times, 1U);
+}
+
+// The receiver from the chunk to the event, on this thread. The last epoch but two fails somewhere.
+TEST_F(FailingHeap, EpochThatFindsNoMemoryComesAsParsedAndTheNextBeginsARun)
+{
+    int events = 0;
+    const event::ReceiverId counter =
+        event::RegisterReceiver(GPS_EVENT_EPOCH, [&events](const event::CustomEvent&) { ++events; });
+    const std::string chunks[] = {live::Epoch(1), live::Epoch(2), live::Epoch(3), live::Epoch(4)};
+    std::uint64_t n = 1;
+    for (bool failed = true; failed; ++n) {
+        GPS::CGPSCOMDeviceImpl device;
+        GPS::CGPSStreamListener listener(&device, nullptr);
+        const auto feed = [&listener](const std::string& chunk) {
+            listener.onData(chunk.data(), static_cast<std::uint32_t>(chunk.size()));
+        };
+        device.OpenFilter();
+        feed(chunks[0]);
+        feed(chunks[1]);
+        events = 0;
+        failed = heap::Failing(n, [&] { feed(chunks[2]); });
+        _GPS_Data fix;
+        for (const int k : {2, 3}) {
+            EXPECT_TRUE(device.GetGPSData(fix));
+            EXPECT_EQ(fix.altitude, k + 1) << "the right epoch";
+            EXPECT_EQ(live::IsWhole(fix), failed) << "as parsed, or smoothed, " << n;
+            if (k == 2) {
+                feed(chunks[3]);
+            }
+        }
+        EXPECT_EQ(events, 2) << n;
+    }
+    EXPECT_GT(n, 60U);
+    event::RemoveReceiver(counter);
+}
+
+TEST_F(FailingHeap, ChunkThatFindsNoMemoryReachesNobodyAndTheNextEverybody)
+{
+    struct Ear final : CommListener {
+        void onData(const char* /*data*/, const std::uint32_t& /*length*/) override { ++heard; }
+        int heard = 0;
+    };
+    std::array<Ear, 17> ears; // one more than are copied without the heap
+    KestThread::Observable<CommListener, KestThread::Mutex> source;
+    for (Ear& ear : ears) {
+        source.subscribe(&ear);
+    }
+    bool lost = false;
+    const auto notify = [&source, &lost] {
+        try {
+            source.notify("chunk", 5);
+        } catch (const std::bad_alloc&) { // the reader's loop goes on behind it
+            lost = true;
+        }
+    };
+    EXPECT_TRUE(heap::Failing(1, notify));
+    EXPECT_TRUE(lost);
+    notify();
+    for (const Ear& ear : ears) {
+        EXPECT_EQ(ear.heard, 1);
+    }
+}
+
+} // namespace
