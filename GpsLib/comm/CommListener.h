@@ -17,3 +17,4 @@ public:
 protected:
     ~CommListener() = default; // not virtual: a subclass that is deleted through a table adds its own
 };
+static_assert(sizeof(CommListener) == sizeof(void*));

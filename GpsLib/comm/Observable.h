@@ -51,5 +51,6 @@ private:
 };
 
 extern template class KEST_GPS_API Observable<CommListener, Mutex>;
+static_assert(sizeof(Observable<CommListener, Mutex>) == 3 * sizeof(void*) + sizeof(std::set<CommListener*>));
 
 } // namespace KestThread

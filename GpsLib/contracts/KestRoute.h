@@ -36,3 +36,4 @@ public:
     /// Fills `to` with the block that follows `from`. 0: there is none.
     virtual int GetNextGuid(const PathGuid& from, PathGuid& to) const = 0;
 };
+static_assert(sizeof(CPath) == sizeof(void*));

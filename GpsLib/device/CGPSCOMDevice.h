@@ -89,5 +89,6 @@ private:
     CGPSCOMDeviceImpl*
         impl; // shared with the copies; the last one deletes it. Null when the allocation failed
 };
+static_assert(sizeof(CGPSCOMDevice) == 2 * sizeof(void*));
 
 } // namespace GPS

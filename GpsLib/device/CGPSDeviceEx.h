@@ -23,5 +23,6 @@ public:
     /// Result: true with the satellites of the fix in `satellite`; on false it is untouched.
     virtual bool GetWholeSate(_GPS_Satellite& satellite) = 0;
 };
+static_assert(sizeof(CGPSDeviceEx) == sizeof(void*));
 
 } // namespace GPS

@@ -56,5 +56,6 @@ private:
     CGPSLogDeviceImpl*
         impl; // shared with the copies; the last one deletes it. Null when the allocation failed
 };
+static_assert(sizeof(CGPSLogDevice) == 2 * sizeof(void*));
 
 } // namespace GPS

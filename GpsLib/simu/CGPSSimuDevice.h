@@ -58,5 +58,6 @@ public:
 private:
     CGPSSimuDeviceImpl* impl; // shared with the copies; the last one deletes it. From SetSimuParam to EndSimu
 };
+static_assert(sizeof(CGPSSimuDevice) == 2 * sizeof(void*));
 
 } // namespace GPS
