@@ -1,16 +1,33 @@
 #include "bench/Allocations.h"
 
+#include <atomic>
 #include <cstdlib>
 #include <new>
 
+#include <malloc.h>
+
 namespace
 {
-std::size_t allocations = 0;
+
+std::atomic<std::size_t> allocations{0};
+std::atomic<std::size_t> living{0};
+
+void Give(void* block) noexcept
+{
+    living -= malloc_usable_size(block);
+    std::free(block);
 }
+
+} // namespace
 
 std::size_t Allocations() noexcept
 {
     return allocations;
+}
+
+std::size_t LivingBytes() noexcept
+{
+    return living;
 }
 
 // The array and the non-throwing forms of the standard library call these two.
@@ -18,6 +35,7 @@ void* operator new(std::size_t size)
 {
     ++allocations;
     if (void* const block = std::malloc(size)) {
+        living += malloc_usable_size(block);
         return block;
     }
     throw std::bad_alloc();
@@ -25,10 +43,10 @@ void* operator new(std::size_t size)
 
 void operator delete(void* block) noexcept
 {
-    std::free(block);
+    Give(block);
 }
 
 void operator delete(void* block, std::size_t /*size*/) noexcept
 {
-    std::free(block);
+    Give(block);
 }

@@ -1,7 +1,7 @@
 // Each allocation of a device's work failing once: a plain answer, nothing lost behind it, nothing leaked.
 #include <array>
 #include <cstdint>
-#include <cstdio>
+#include <filesystem>
 #include <new>
 #include <optional>
 #include <string>
@@ -63,6 +63,7 @@ TEST_F(FailingHeap, DeviceWithoutMemoryAnswersNo)
 TEST_F(FailingHeap, SimulationAnswersNoAndThenDrives)
 {
     std::vector<tagLonLat> road;
+    road.reserve(300);
     for (int i = 0; i < 300; ++i) { // several blocks
         road.push_back({11.0 + i * 1e-4, 48.0});
     }
@@ -145,7 +146,7 @@ TEST_F(FailingHeap, LogIsWrittenWhole)
         });
         EXPECT_TRUE(written || failed);
         EXPECT_EQ(folder.Content("log"), written ? "$GPGGA,1\r\n$GPGGA,2\r\n" : "") << times;
-        std::remove(path.c_str());
+        std::filesystem::remove(path);
     }
     EXPECT_TRUE(written);
     EXPECT_GT(times, 1U);

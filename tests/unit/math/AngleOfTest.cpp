@@ -14,7 +14,7 @@ constexpr double INFINITE = std::numeric_limits<double>::infinity();
 
 TEST(AngleOf, IsTheNearestDoubleButForOneDirectionInAThousand)
 {
-    std::mt19937_64 random(7);
+    std::mt19937_64 random(7); // NOLINT(cert-msc32-c,cert-msc51-cpp): the same directions every time
     std::uniform_real_distribution<double> leg(-1.0, 1.0);
     std::uniform_int_distribution<int> power(-20, 20); // slim triangles and fat ones
     int notNearest = 0;
