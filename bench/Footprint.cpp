@@ -13,6 +13,8 @@
 #include <thread>
 #include <vector>
 
+#include <fcntl.h>
+#include <poll.h>
 #include <pthread.h>
 
 #include "GpsLib/Kest_GPS.h"
@@ -22,12 +24,17 @@
 #include "layers/event/EventReceivers.h"
 #include "layers/platform/PortMap.h"
 #include "layers/route/CGuidePath.h"
+#include "tools/FileDescriptor.h"
 #include "tools/PseudoTerminal.h"
 
 namespace
 {
 
 constexpr unsigned PORT = 1;
+// The receiver's reads: bytes at most, time without any, rest behind each.
+constexpr std::size_t CHUNK = 512;
+constexpr int READ_TIMEOUT = 612; // [ms]
+constexpr std::chrono::milliseconds REST{50};
 
 void Row(const char* what, double value, int decimals, const char* unit)
 {
@@ -39,6 +46,14 @@ int Seconds(const char* text)
 {
     const long seconds = std::strtol(text, nullptr, 10);
     return seconds > 0 && seconds < 86400 ? static_cast<int>(seconds) : 0;
+}
+
+/// Result: [s] of processor time that a thread has taken, by its clock.
+double ThreadSeconds(clockid_t clock) noexcept
+{
+    timespec time{};
+    clock_gettime(clock, &time);
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
 }
 
 /// The stack of the thread that paints it: how far down it has been used since.
@@ -147,8 +162,9 @@ private:
     {
         std::array<char, BYTES_MAX> bytes; // no block of the heap, since those are counted
         std::size_t size = 0;
-        for (const std::string& sentence : EPOCH) {
-            size += sentence.copy(&bytes[size], bytes.size() - size);
+        for (const SENTENCE sentence :
+             {GSA, RMC, VTG, GGA}) { // ten times a second, a line has no room for more
+            size += EPOCH[sentence].copy(&bytes[size], bytes.size() - size);
         }
         const int before = epochs;
         line.Write({bytes.data(), size});
@@ -175,12 +191,7 @@ private:
         ++epochs;
     }
 
-    double ReaderSeconds() const noexcept
-    {
-        timespec time{};
-        clock_gettime(clock, &time);
-        return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
-    }
+    double ReaderSeconds() const noexcept { return ThreadSeconds(clock); }
 
     const std::vector<std::string> EPOCH = Epoch(0);
     kestgps::PseudoTerminal line;
@@ -194,6 +205,35 @@ private:
     std::atomic<bool> lastOne{false};
     std::atomic<int> epochs{0};
 };
+
+/// What a reader that only waits takes: the receiver's waits and reads, and nothing done with the bytes.
+double ShareOfWaiting(int count, std::chrono::milliseconds period)
+{
+    kestgps::PseudoTerminal line;
+    const kestgps::FileDescriptor port(open(line.Path().c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC));
+    std::atomic<bool> going{true};
+    double seconds = 0.0;
+    std::thread reader([&] {
+        char chunk[CHUNK];
+        while (going) {
+            pollfd watched{port.Get(), POLLIN, 0};
+            if (poll(&watched, 1, READ_TIMEOUT) > 0 && read(port.Get(), chunk, sizeof chunk) > 0) {
+                std::this_thread::sleep_for(REST);
+            }
+        }
+        seconds = ThreadSeconds(CLOCK_THREAD_CPUTIME_ID);
+    });
+    const auto begin = std::chrono::steady_clock::now();
+    for (int k = 1; k <= count; ++k) {
+        line.Write("$\r\n");
+        std::this_thread::sleep_until(begin + k * period);
+    }
+    going = false;
+    const std::chrono::duration<double> passed = std::chrono::steady_clock::now() - begin;
+    line.Write("$\r\n");
+    reader.join();
+    return seconds / passed.count();
+}
 
 /// Result: [byte] that `make` leaves living as long as what it gives lives.
 template <class MAKE>
@@ -230,6 +270,13 @@ void PrintOpenState(bool smoothed)
         closed + static_cast<double>(LivingBytes() - before), 0, "byte");
 }
 
+void PrintWaiting(int rate, int seconds)
+{
+    const double share = ShareOfWaiting(rate * seconds, std::chrono::milliseconds(1000 / rate));
+    Row(("waits and reads alone: share of a processor at " + std::to_string(rate) + " Hz").c_str(),
+        share * 100, 3, "%");
+}
+
 void PrintRun(bool smoothed, int rate, int seconds)
 {
     Receiver receiver(smoothed);
@@ -255,7 +302,9 @@ int main(int argc, char* argv[])
         PrintState();
         PrintOpenState(false);
         PrintOpenState(true);
+        PrintWaiting(1, seconds);
         PrintRun(false, 1, seconds);
+        PrintWaiting(10, seconds);
         PrintRun(false, 10, seconds);
         PrintRun(true, 10, seconds);
     } catch (const std::exception& error) {
