@@ -11,8 +11,8 @@ namespace GPS
 
 class CGPSCOMDeviceImpl;
 
-/// A live receiver. Set its port, open it, read fixes as they come, close it before the last copy dies: the
-/// destructor of an open device leaves its thread running.
+/// A live receiver. Set its port, open it, read fixes as they come, close it before the last copy dies or is
+/// assigned another device: either leaves an open device's thread running without what it works on.
 ///
 /// Copies share one device. A device that found no memory answers false, the unknown state or nothing.
 ///

@@ -82,7 +82,7 @@ bool CGPSCOMDeviceImpl::MakeParts()
         return false;
     }
     listener = new (std::nothrow) CGPSStreamListener(this, logWriter);
-    if (listener == nullptr) {
+    if (listener == nullptr || !listener->CanParse()) {
         return false;
     }
     reader = new (std::nothrow) CommReader(port);

@@ -35,6 +35,9 @@ public:
 
     virtual ~CGPSStreamListener();
 
+    /// Result: false when it found no memory for its parser, and so ignores every chunk.
+    bool CanParse() const noexcept { return parser != nullptr; }
+
     /// Turns the copying of accepted sentences to the log writer on or off.
     void SetWriteLog(bool on) noexcept { writeLogFlag = on; }
 
@@ -43,7 +46,7 @@ private:
     void CloseEpoch();
     void DropSentence() noexcept;
 
-    CNMEAParser* parser;            // owned; null when the allocation failed, and then every chunk is ignored
+    CNMEAParser* parser;            // owned; null when the allocation failed
     CGPSCOMDeviceImpl* device;      // borrowed
     CGPSLogDeviceImpl* logWriter;   // borrowed; may be null
     KestThread::Mutex lock;         // held around TakeFix, and so while it sends its events
@@ -52,7 +55,7 @@ private:
     char sentence[201];             // zero from `index` on, so always terminated
     _GPS_Data record;               // all that was parsed since the last close or wipe
     std::atomic<bool> writeLogFlag; // set by the application's threads, read by the reader thread
-    _GPS_Satellite accumulator;     // this feed's own GSV group, which no other feed can disturb
+    _GPS_Satellite accumulator;     // this opening's own GSV group, which no other feed can disturb
 };
 
 } // namespace GPS

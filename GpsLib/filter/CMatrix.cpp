@@ -219,10 +219,10 @@ CMatrix CMatrix::operator*(const CMatrix& right) const
     const double* row = data;
     for (int i = 0; i < rows; ++i, row += cols) {
         for (int j = 0; j < right.cols; ++j) {
-            const double* element = right.data + j;
+            std::ptrdiff_t at = j; // no pointer: without rows, there is nothing to point into
             double sum = 0.0;
-            for (int k = 0; k < cols; ++k, element += right.cols) {
-                sum = *element * row[k] + sum;
+            for (int k = 0; k < cols; ++k, at += right.cols) {
+                sum = right.data[at] * row[k] + sum;
             }
             *next = sum;
             ++next;

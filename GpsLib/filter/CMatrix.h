@@ -8,7 +8,7 @@ namespace GPS
 {
 
 /// A matrix with storage of its own, row after row; a column vector has one column. Rows and columns count
-/// from 0.
+/// from 0. A number of rows or columns below 0 counts as 0.
 ///
 /// A shape that doesn't fit is no error: each operation has a result for it. The order of the floating-point
 /// operations is fixed, so that results agree to the bit on every processor.
@@ -53,6 +53,7 @@ public:
     /// Result: 0.0 when the matrix isn't square or has no such element.
     double Cofactor(int row, int column) const;
 
+    /// For square matrices; one with more rows than columns gives nothing of use.
     /// out: the inverse, by the adjugate.
     /// Result: false when Determinant gives 0.0; `out` is then as it was.
     bool Inverse(CMatrix& out) const;

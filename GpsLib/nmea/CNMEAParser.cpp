@@ -110,15 +110,17 @@ bool CNMEAParser::ComputeChecksum(const char* text, char* digits) const noexcept
 
 bool CNMEAParser::VerifyChecksum(const char* sentence) const noexcept
 {
-    if (sentence == nullptr || sentence[0] == '\0' || sentence[0] == '*' || sentence[1] == '*') {
-        return false; // no text to sum
-    }
-    const char* const asterisk = std::strchr(sentence + 1, '*');
+    const char* const asterisk = sentence == nullptr ? nullptr : std::strchr(sentence, '*');
     if (asterisk == nullptr) {
         return false;
     }
+    const char* const text = sentence + 1; // the dollar sign stays out, and so does an asterisk in its place
+    const char* const end = asterisk == sentence ? text + std::strlen(text) : asterisk;
+    if (text == end) {
+        return false; // no text to sum
+    }
     char digits[2];
-    WriteDigits(XorOf(sentence + 1, asterisk), digits);
+    WriteDigits(XorOf(text, end), digits);
     return asterisk[1] == digits[0] && asterisk[2] == digits[1];
 }
 

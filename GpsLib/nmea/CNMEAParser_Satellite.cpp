@@ -111,7 +111,7 @@ private:
 
     bool TakeViewCount(int value) noexcept
     {
-        group.viewCount = static_cast<std::uint8_t>(value); // cut to 8 bits, as the field is
+        group.viewCount = static_cast<std::uint8_t>(value); // cut to 8 bits, as the field is, then judged
         return group.viewCount <= GPS_SATELLITE_SLOTS || Drop();
     }
 

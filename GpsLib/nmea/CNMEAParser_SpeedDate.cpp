@@ -39,6 +39,7 @@ void TakeClock(CFieldCursor& field, DateTimeFields& fields) noexcept
     TakeTime(field, fields);
 }
 
+// Day, month and year leave the walk at the field's start, so one that is too short swallows no other.
 void TakeDay(CFieldCursor& field, DateTimeFields& fields) noexcept
 {
     const auto lead = field.Lead<2>();

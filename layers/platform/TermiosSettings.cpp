@@ -47,7 +47,9 @@ bool FrameFlags(const DCB& settings, tcflag_t& flags)
 termios2 PlainLine(const termios2& before, tcflag_t frame, DWORD speed)
 {
     termios2 plain = before;
-    plain.c_iflag = IGNBRK; // a cable that is pulled sends a break, which is no data
+    // A cable that is pulled sends a break, which is no data. A byte of wrong parity comes through as it is:
+    // the sum of its sentence tells.
+    plain.c_iflag = IGNBRK;
     plain.c_oflag = 0;
     plain.c_lflag = 0;
     plain.c_cflag = (before.c_cflag & HUPCL) | frame | CLOCAL | CREAD | BOTHER;

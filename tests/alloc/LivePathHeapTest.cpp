@@ -53,6 +53,7 @@ TEST_F(LivePathHeap, OpeningOutlivesEachFailingAllocation)
     std::uint64_t n = 1;
     bool opened = false;
     for (; heap::Failing(n, [&] { opened = device.OpenGPS(); }); ++n) {
+        EXPECT_FALSE(opened) << "without allocation " << n;
         device.CloseGPS();
         ASSERT_TRUE(device.OpenGPS()) << "after the failure of allocation " << n;
         device.CloseGPS();

@@ -108,7 +108,10 @@ const ChecksumCase CHECKSUM_CASES[] = {
     {"LaterChecksumDoesNotCount", "$GPGGA*00,12*56", false},
     {"ByteAbove7F", "$GPGGA\x80*D6", true},
     {"ByteFF", "$GPGGA\xFF*A9", true},
+    {"AsteriskInPlaceOfTheDollarEndsNothing", "*01", true}, // '0' ^ '1'
     {"Empty", "", false},
+    {"NoText", "$*00", false},
+    {"NoTextNorDollar", "*", false},
 };
 
 TEST(Checksum, Holds)
