@@ -44,7 +44,8 @@ public:
     /// Leaves records as they are from the next one on. The state of the smoothing stays.
     void CloseFilter();
 
-    /// Opens a file to write behind what is there. A log that is open stays open, and the path is ignored.
+    /// Opens a file to write behind what is there; one that can't be opened for that is begun anew, if that
+    /// can be done. A log that is open stays open, and the path is ignored.
     /// Result: false for a null path, or when the file can't be opened.
     bool OpenLogFileForWrite(const char* path);
     /// Writes one line: the text, and CR LF unless it ends so already. It is sure to be in the file once the

@@ -73,6 +73,8 @@ bool CGPSSimuDevice::EndSimu()
         return false;
     }
     impl->EndSimu();
+    impl->SetSpeed(0.0, 0.0); // copies keep the object, which must not remember what the caller may now free
+    impl->SetPath(nullptr);
     LeaveImpl(impl);
     return true;
 }

@@ -32,13 +32,13 @@ public:
     /// path: borrowed until EndSimu; null is refused by BeginSimu, and under way ends the drive where
     /// the next block is due.
     /// timeStep: [s]. speed: [km/h], at most 300; more counts as 300. Both must be above 0, which BeginSimu
-    /// tests.
+    /// tests; with one that is no number the first step fails.
     /// Result: false without memory for the drive.
     bool SetSimuParam(CPath* path, double timeStep, double speed);
 
     /// Places the vehicle on the route's first point; a drive under way starts anew.
-    /// Result: false without SetSimuParam, for a speed or time step that isn't finite and above 0, or for a
-    /// route that gives no block of at least two points.
+    /// Result: false without SetSimuParam, for a speed or time step of 0 or less, which leaves a drive under
+    /// way as it is, or for a route that gives no block of at least two points.
     bool BeginSimu();
 
     /// Makes one step.

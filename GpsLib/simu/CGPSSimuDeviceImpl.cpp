@@ -32,11 +32,6 @@ bool IsWalkable(const PathGuid& block) noexcept
     return block.points != nullptr && block.pointCount >= POINTS_MIN;
 }
 
-bool IsPositive(double value) noexcept
-{
-    return std::isfinite(value) && value > 0.0;
-}
-
 } // namespace
 
 namespace GPS
@@ -67,7 +62,7 @@ bool CGPSSimuDeviceImpl::Reset() noexcept
 
 bool CGPSSimuDeviceImpl::BeginSimu()
 {
-    if (!IsPositive(speed) || !IsPositive(stepDistance)) {
+    if (speed <= 0.0 || stepDistance <= 0.0) { // what is no number passes, and fails at the first step
         return false;
     }
     Reset();

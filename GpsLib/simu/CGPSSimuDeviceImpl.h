@@ -29,8 +29,8 @@ public:
     void SetSpeed(double timeStep, double speed) noexcept;
 
     /// Starts a drive on the route's first point.
-    /// Result: false for a speed or step that isn't finite and above 0, without a path, or for a route that
-    /// gives no block of at least two points.
+    /// Result: false for a speed or step of 0 or less, which leaves a drive under way as it is; without a
+    /// path, or for a route that gives no block of at least two points.
     bool BeginSimu();
 
     /// Makes one step.
