@@ -152,15 +152,31 @@ using ::tagLonLat;
 } // namespace GPS
 
 // The block as it crosses the interface, alike on 32-bit ARM and on 64-bit machines.
-static_assert(sizeof(_GPS_Date) == 4 && sizeof(_GPS_Time) == 6);
-static_assert(offsetof(_GPS_Satellite, azimuth) == 192 && offsetof(_GPS_Satellite, used) == 320);
-static_assert(offsetof(_GPS_Satellite, viewCount) == 384 && sizeof(_GPS_Satellite) == 386);
-static_assert(offsetof(_GPS_Data, date) == 4 && offsetof(_GPS_Data, time) == 8);
-static_assert(offsetof(_GPS_Data, satUsed) == 16 && offsetof(_GPS_Data, satellite) == 20);
-static_assert(offsetof(_GPS_Data, lonLat) == 408 && offsetof(_GPS_Data, speed) == 424);
-static_assert(offsetof(_GPS_Data, altitude) == 432 && offsetof(_GPS_Data, heading) == 440);
-static_assert(offsetof(_GPS_Data, pdop) == 448 && offsetof(_GPS_Data, vdop) == 464);
-static_assert(offsetof(_GPS_Data, valid) == 472 && sizeof(_GPS_Data) == 480);
-static_assert(offsetof(_GPS_Data_Without_Sate, satUsed) == 16 &&
-              offsetof(_GPS_Data_Without_Sate, lonLat) == 24);
-static_assert(offsetof(_GPS_Data_Without_Sate, valid) == 88 && sizeof(_GPS_Data_Without_Sate) == 96);
+static_assert(offsetof(tagLonLat, lon) == 0 && offsetof(tagLonLat, lat) == 8);
+static_assert(sizeof(tagLonLat) == 16);
+static_assert(offsetof(_GPS_Date, year) == 0 && offsetof(_GPS_Date, month) == 2);
+static_assert(offsetof(_GPS_Date, day) == 3 && sizeof(_GPS_Date) == 4);
+static_assert(offsetof(_GPS_Time, hour) == 0 && offsetof(_GPS_Time, minute) == 1);
+static_assert(offsetof(_GPS_Time, second) == 2 && offsetof(_GPS_Time, reserved) == 3);
+static_assert(sizeof(_GPS_Time) == 6);
+static_assert(offsetof(_GPS_Satellite, prn) == 0 && offsetof(_GPS_Satellite, elevation) == 64);
+static_assert(offsetof(_GPS_Satellite, snr) == 128 && offsetof(_GPS_Satellite, azimuth) == 192);
+static_assert(offsetof(_GPS_Satellite, used) == 320 && offsetof(_GPS_Satellite, viewCount) == 384);
+static_assert(offsetof(_GPS_Satellite, listedCount) == 385 && sizeof(_GPS_Satellite) == 386);
+static_assert(offsetof(_GPS_Data, mask) == 0 && offsetof(_GPS_Data, date) == 4);
+static_assert(offsetof(_GPS_Data, time) == 8 && offsetof(_GPS_Data, satUsed) == 16);
+static_assert(offsetof(_GPS_Data, satellite) == 20 && offsetof(_GPS_Data, lonLat) == 408);
+static_assert(offsetof(_GPS_Data, speed) == 424 && offsetof(_GPS_Data, altitude) == 432);
+static_assert(offsetof(_GPS_Data, heading) == 440 && offsetof(_GPS_Data, pdop) == 448);
+static_assert(offsetof(_GPS_Data, hdop) == 456 && offsetof(_GPS_Data, vdop) == 464);
+static_assert(offsetof(_GPS_Data, valid) == 472 && offsetof(_GPS_Data, reserved) == 473);
+static_assert(sizeof(_GPS_Data) == 480);
+static_assert(offsetof(_GPS_Data_Without_Sate, mask) == 0 && offsetof(_GPS_Data_Without_Sate, date) == 4);
+static_assert(offsetof(_GPS_Data_Without_Sate, time) == 8 && offsetof(_GPS_Data_Without_Sate, satUsed) == 16);
+static_assert(offsetof(_GPS_Data_Without_Sate, lonLat) == 24 &&
+              offsetof(_GPS_Data_Without_Sate, speed) == 40);
+static_assert(offsetof(_GPS_Data_Without_Sate, altitude) == 48 &&
+              offsetof(_GPS_Data_Without_Sate, heading) == 56);
+static_assert(offsetof(_GPS_Data_Without_Sate, pdop) == 64 && offsetof(_GPS_Data_Without_Sate, hdop) == 72);
+static_assert(offsetof(_GPS_Data_Without_Sate, vdop) == 80 && offsetof(_GPS_Data_Without_Sate, valid) == 88);
+static_assert(offsetof(_GPS_Data_Without_Sate, reserved) == 89 && sizeof(_GPS_Data_Without_Sate) == 96);

@@ -42,8 +42,11 @@ bool CTty::Open(const char* path) noexcept
 void CTty::Close() noexcept
 {
     if (IsOpen()) {
-        ioctl(descriptor, TIOCNXCL); // outlasts the descriptor while anything else keeps the terminal alive
-        close(descriptor);           // closed even if a signal interrupts it
+        // Both outlast the descriptor: the first while anything else keeps the terminal alive, the second
+        // while a forked process has a copy.
+        ioctl(descriptor, TIOCNXCL);
+        flock(descriptor, LOCK_UN);
+        close(descriptor); // closed even if a signal interrupts it
         descriptor = -1;
     }
 }
