@@ -1,6 +1,7 @@
 #include "tools/EmulateCommand.h"
 
 #include <optional>
+#include <utility>
 
 #include <CLI/CLI.hpp>
 
@@ -62,9 +63,10 @@ bool EmulateCommand::Chosen() const
 
 int EmulateCommand::Run()
 {
+    std::string text = TextToPlay(); // a signal still ends the process here
     StopSignals signals;
     LineOutput output(STDOUT_FILENO, signals);
-    Emulator emulator(TextToPlay(), line, loop ? Emulator::REPEAT::FOR_EVER : Emulator::REPEAT::ONCE);
+    Emulator emulator(std::move(text), line, loop ? Emulator::REPEAT::FOR_EVER : Emulator::REPEAT::ONCE);
     std::optional<DeviceLink> otherName;
     if (!link.empty()) {
         otherName.emplace(emulator.DevicePath(), link);

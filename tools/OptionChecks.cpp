@@ -12,7 +12,7 @@ namespace
 
 std::string RangeText(double bound)
 {
-    return bound > 0.0 && bound < 1.0 ? DecimalText(bound, 2) : DecimalText(bound, 0);
+    return DecimalText(bound, bound <= 0.0 || bound >= 1.0 ? 0 : bound < 0.01 ? 3 : 2);
 }
 
 } // namespace
@@ -21,7 +21,10 @@ CLI::Validator Within(double least, double most)
 {
     const std::string range = RangeText(least) + " to " + RangeText(most);
     return CLI::Validator(
-        [least, most, range](const std::string& text) {
+        [least, most, range](std::string& text) {
+            while (text.size() > 1 && text[0] == '0' && text[1] >= '0' && text[1] <= '9') {
+                text.erase(0, 1); // else a whole number would be read as octal
+            }
             double value = 0.0;
             const bool fits =
                 CLI::detail::lexical_cast(text, value) && value >= least && value <= most; // false for a NaN

@@ -11,6 +11,7 @@
 #include "GpsLib/Kest_GPS.h"
 #include "tools/EpochLine.h"
 #include "tools/ErrorLine.h"
+#include "tools/LineOutput.h"
 #include "tools/OptionChecks.h"
 #include "tools/Pace.h"
 #include "tools/ProgressLine.h"
@@ -67,24 +68,24 @@ bool ReplayCommand::Chosen() const
 
 int ReplayCommand::Run()
 {
-    StopSignals signals;
-    LineOutput output(STDOUT_FILENO, signals);
-    if (PrintEpochs(signals, output) == 0) {
-        RefuseOtherFiles();
-    }
-    return 0;
-}
-
-std::uint64_t ReplayCommand::PrintEpochs(StopSignals& signals, LineOutput& output) const
-{
     GPS::CGPSLogDevice log;
     std::string path = file;
-    if (!log.OpenLogFileForRead(path.data())) {
+    if (!log.OpenLogFileForRead(path.data())) { // a signal still ends the process here
         throw ToolError("can't read " + file + ": " + ErrorText(errno));
     }
     if (smooth) {
         log.OpenFilter();
     }
+    if (PrintEpochs(log) == 0) {
+        RefuseOtherFiles();
+    }
+    return 0;
+}
+
+std::uint64_t ReplayCommand::PrintEpochs(GPS::CGPSLogDevice& log) const
+{
+    StopSignals signals;
+    LineOutput output(STDOUT_FILENO, signals);
     ProgressLine progress(file);
     Pace pace(rate, signals);
     std::uint64_t epochs = 0;

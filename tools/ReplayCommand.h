@@ -5,11 +5,14 @@
 #include <string>
 
 #include "tools/Command.h"
-#include "tools/LineOutput.h"
 
 namespace CLI
 {
 class App;
+}
+namespace GPS
+{
+class CGPSLogDevice;
 }
 
 namespace kestgps
@@ -26,7 +29,7 @@ public:
 
 private:
     /// Result: the epochs of the log, as far as it was read.
-    std::uint64_t PrintEpochs(StopSignals& signals, LineOutput& output) const;
+    std::uint64_t PrintEpochs(GPS::CGPSLogDevice& log) const;
     void RefuseOtherFiles() const;
 
     const CLI::App* command; // borrowed

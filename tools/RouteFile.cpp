@@ -37,6 +37,7 @@ private:
 };
 
 constexpr std::string_view SPACE = " \t\r\n";
+constexpr std::string_view BYTE_ORDER_MARK = "\xEF\xBB\xBF"; // some spreadsheets put one in front
 
 std::string_view Trimmed(std::string_view text)
 {
@@ -98,17 +99,17 @@ Points ReadGpx(const std::string& text, const Place& place)
     return points;
 }
 
+/// A line that begins as a number does is no heading, whatever is wrong with it, so that no point is lost.
 bool IsHeading(std::string_view line)
 {
-    double number = 0.0;
-    return !ReadNumber(line.substr(0, line.find(',')), number);
+    return std::string_view("+-.0123456789").find(line.front()) == std::string_view::npos;
 }
 
-Points ReadCsv(const std::string& text, const Place& place)
+Points ReadCsv(const std::string& text, std::size_t begin, const Place& place)
 {
     Points points;
     bool first = true;
-    for (std::size_t begin = 0; begin < text.size();) {
+    while (begin < text.size()) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());
         const std::string_view line = Trimmed(std::string_view(text).substr(begin, end - begin));
         if (!line.empty() && !(first && IsHeading(line))) {
@@ -130,10 +131,11 @@ Points ReadRoute(const std::string& text, const std::string& name)
 {
     constexpr std::size_t POINTS_MIN = 2;
     const Place place(name, text);
-    const std::size_t begin = text.find_first_not_of(SPACE);
-    const bool isXml =
-        begin != std::string::npos && (text[begin] == '<' || text.compare(begin, 4, "\xEF\xBB\xBF<") == 0);
-    Points points = isXml ? ReadGpx(text, place) : ReadCsv(text, place);
+    const std::size_t mark =
+        text.compare(0, BYTE_ORDER_MARK.size(), BYTE_ORDER_MARK) == 0 ? BYTE_ORDER_MARK.size() : 0;
+    const std::size_t begin = std::min(text.find_first_not_of(SPACE, mark), text.size());
+    const bool isXml = text[begin] == '<';
+    Points points = isXml ? ReadGpx(text, place) : ReadCsv(text, begin, place);
     if (points.size() < POINTS_MIN) {
         place.Refuse(text.size(), "a route needs two points, here are " + std::to_string(points.size()));
     }

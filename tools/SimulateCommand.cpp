@@ -37,19 +37,20 @@ bool SimulateCommand::Chosen() const
 
 int SimulateCommand::Run()
 {
+    route::CGuidePath path(ReadRouteFile(file)); // a signal still ends the process here
     StopSignals signals;
     LineOutput output(STDOUT_FILENO, signals);
     std::optional<DriveLog> log;
-    Drive(signals, output, log);
+    Drive(path, signals, output, log);
     if (log) {
         log->Finish();
     }
     return 0;
 }
 
-void SimulateCommand::Drive(StopSignals& signals, LineOutput& output, std::optional<DriveLog>& log) const
+void SimulateCommand::Drive(CPath& path, StopSignals& signals, LineOutput& output,
+                            std::optional<DriveLog>& log) const
 {
-    route::CGuidePath path(ReadRouteFile(file));
     GPS::CGPSSimuDevice device;
     if (!device.SetSimuParam(&path, step, speed) || !device.BeginSimu()) {
         throw ToolError("the drive along " + file + " won't begin");

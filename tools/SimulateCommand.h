@@ -10,6 +10,7 @@
 #include "tools/DriveLog.h"
 #include "tools/LineOutput.h"
 
+class CPath;
 namespace CLI
 {
 class App;
@@ -28,7 +29,7 @@ public:
     int Run() override;
 
 private:
-    void Drive(StopSignals& signals, LineOutput& output, std::optional<DriveLog>& log) const;
+    void Drive(CPath& path, StopSignals& signals, LineOutput& output, std::optional<DriveLog>& log) const;
 
     const CLI::App* command; // borrowed
     std::string file;
