@@ -1,6 +1,7 @@
 // Sentence.h: sentences and records in short, for tests.
 #pragma once
 
+#include <array>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -60,6 +61,15 @@ inline _GPS_Data FixAt(double lon, double lat)
     record.valid = 1;
     record.lonLat = {lon, lat};
     return record;
+}
+
+/// The whole block, padding included.
+template <class BLOCK>
+std::array<unsigned char, sizeof(BLOCK)> BytesOf(const BLOCK& block)
+{
+    std::array<unsigned char, sizeof(BLOCK)> bytes;
+    std::memcpy(bytes.data(), &block, bytes.size());
+    return bytes;
 }
 
 /// The bytes in a block of exactly their size, so that the sanitizer sees one byte read too far.

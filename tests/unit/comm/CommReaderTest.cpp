@@ -49,36 +49,19 @@ protected:
     ChunkKeeper keeper;
 };
 
-TEST_F(ReaderLoop, SleepFollowsEveryReadThatSucceeded)
+TEST_F(ReaderLoop, RestsBehindEveryReadThatSucceeded)
 {
     Start();
-    Fake::Play("longer");
+    Fake::PlayFailure();
+    Fake::PlayFailure();
+    FakeThread::Run();
+    EXPECT_EQ(FakeThread::sleeps, Sleeps{}) << "a failed one is tried again at once";
+    Fake::Play("any");
     Fake::PlayTimeOut();
-    Fake::Play("last");
-    FakeThread::Run();
-    EXPECT_EQ(keeper.chunks, (Chunks{"longer", "last"}));
-    EXPECT_EQ(FakeThread::sleeps, (Sleeps{50, 50, 50}));
-}
-
-TEST_F(ReaderLoop, FailedReadIsTriedAgainAtOnce)
-{
-    Start();
-    Fake::PlayFailure();
-    Fake::PlayFailure();
-    FakeThread::Run();
-    EXPECT_EQ(FakeThread::sleeps, Sleeps{});
-    Fake::Play("a");
-    FakeThread::Run();
-    EXPECT_EQ(keeper.chunks, Chunks{"a"});
-    EXPECT_EQ(FakeThread::sleeps, Sleeps{50});
-}
-
-TEST_F(ReaderLoop, ChunkIsAtMost512Bytes)
-{
-    Start();
     Fake::Play(std::string(513, 'x'));
     FakeThread::Run();
-    EXPECT_EQ(keeper.chunks, (Chunks{std::string(512, 'x'), "x"}));
+    EXPECT_EQ(keeper.chunks, (Chunks{"any", std::string(512, 'x'), "x"}));
+    EXPECT_EQ(FakeThread::sleeps, (Sleeps{50, 50, 50, 50}));
     EXPECT_EQ(Fake::journal.back(), "ReadFile 0x200 zeroed");
 }
 
@@ -93,9 +76,7 @@ TEST_F(ReaderLoop, ListenerThatThrowsLosesThatChunkAlone)
     EXPECT_EQ(FakeThread::sleeps, (Sleeps{50, 50}));
 }
 
-class StopHandshake : public ReaderLoop
-{
-};
+using StopHandshake = ReaderLoop;
 
 TEST_F(StopHandshake, PortThatNeverOpenedStopsAtOnce)
 {
@@ -104,22 +85,20 @@ TEST_F(StopHandshake, PortThatNeverOpenedStopsAtOnce)
     EXPECT_TRUE(reader.Stop());
 }
 
-TEST_F(StopHandshake, EndsAReadThatWaits)
+TEST_F(StopHandshake, EndsAReadThatWaitsAndAThreadThatHasNotYetRun)
 {
-    Start();
-    FakeThread::Run();
-    Fake::Play("too late");
-    EXPECT_TRUE(Ends());
-    EXPECT_EQ(keeper.chunks, Chunks{});
-    EXPECT_EQ(FakeThread::sleeps, Sleeps{20});
-    EXPECT_TRUE(reader.Stop()) << "a second time";
-}
-
-TEST_F(StopHandshake, ReachesAThreadThatHasNotYetRun)
-{
-    Start();
-    EXPECT_TRUE(Ends());
-    EXPECT_EQ(FakeThread::sleeps, Sleeps{20});
+    for (const bool hasRun : {true, false}) {
+        FakeThread::sleeps.clear();
+        Start();
+        if (hasRun) {
+            FakeThread::Run();
+        }
+        Fake::Play("too late");
+        EXPECT_TRUE(Ends());
+        EXPECT_EQ(keeper.chunks, Chunks{});
+        EXPECT_EQ(FakeThread::sleeps, Sleeps{20});
+        EXPECT_TRUE(reader.Stop()) << "a second time";
+    }
 }
 
 TEST_F(StopHandshake, SignalIsNotLostWhenTheLoopEndsBeforeTheWait)

@@ -99,8 +99,9 @@ TEST_F(SerialPort, NumberThatHasNoRoomInTheNameOpensNothing)
     EXPECT_EQ(Made().front(), "CreateFileW COM9: 0xc0000000 0 0x3 0");
 }
 
-TEST_F(SerialPort, SettingsReplaceTheirFieldsAndTheLowFlagsAlone)
+TEST_F(SerialPort, SettingsReplaceTheirFieldsAndTheLowFlagsAloneAndAllFiveTimeouts)
 {
+    const COMMTIMEOUTS timeouts = {100, 1, 100, 0, 0};
     const std::uint32_t FLAGS[][2] = {
         {0x00000000, 0x00001093}, {0xFFFFFFFF, 0xFFFF9093}, {0x55552AAA, 0x55551093}}; // before, after
     for (const auto& flags : FLAGS) {
@@ -109,6 +110,7 @@ TEST_F(SerialPort, SettingsReplaceTheirFieldsAndTheLowFlagsAlone)
         unsigned char* const word = reinterpret_cast<unsigned char*>(&expected) + 2 * sizeof(DWORD);
         std::memcpy(word, &flags[0], sizeof flags[0]);
         Fake::settings = expected;
+        Fake::timeouts = {7, 7, 7, 7, 7};
         std::memcpy(word, &flags[1], sizeof flags[1]);
         expected.BaudRate = 0x12345678;
         expected.Parity = 0x02; // of each of the three the low byte counts
@@ -116,19 +118,12 @@ TEST_F(SerialPort, SettingsReplaceTheirFieldsAndTheLowFlagsAlone)
         expected.StopBits = 0x01;
         ASSERT_TRUE(port.Open(3, 0x12345678, 0x102, 0xFFFFFF07, 0x201));
         EXPECT_EQ(std::memcmp(&Fake::settings, &expected, sizeof expected), 0) << std::hex << flags[0];
+        EXPECT_EQ(std::memcmp(&Fake::timeouts, &timeouts, sizeof timeouts), 0);
         port.Close();
     }
 }
 
-TEST_F(SerialPort, AllFiveTimeoutsAreSet)
-{
-    Fake::timeouts = {7, 7, 7, 7, 7};
-    ASSERT_TRUE(Open());
-    const COMMTIMEOUTS expected = {100, 1, 100, 0, 0};
-    EXPECT_EQ(std::memcmp(&Fake::timeouts, &expected, sizeof expected), 0);
-}
-
-TEST_F(SerialPort, ReadZeroesTheBufferAndAFailureClearsTheErrorAgain)
+TEST_F(SerialPort, TransfersBeginByClearingTheErrorAndAFailureClearsItAgain)
 {
     ASSERT_TRUE(Open());
     Fake::Play("abc");
@@ -142,6 +137,7 @@ TEST_F(SerialPort, ReadZeroesTheBufferAndAFailureClearsTheErrorAgain)
         Calls calls;
     } READS[] = {
         {true, 3, "abc", good}, {true, 0, "", good}, {false, 0, "", Joined({good, {"ClearCommError"}})}};
+    Fake::failing = {"ClearCommError"}; // which is not examined
     for (const auto& read : READS) {
         std::string buffer(8, 'x');
         std::uint32_t count = 77;
@@ -151,12 +147,6 @@ TEST_F(SerialPort, ReadZeroesTheBufferAndAFailureClearsTheErrorAgain)
         EXPECT_EQ(buffer, read.bytes + std::string(8 - read.bytes.size(), '\0'));
         EXPECT_EQ(Made(), read.calls);
     }
-}
-
-TEST_F(SerialPort, WriteHandsTheBytesOverAndAFailureClearsTheErrorAgain)
-{
-    ASSERT_TRUE(Open());
-    Made();
     std::uint32_t count = 77;
     EXPECT_TRUE(port.Write("hello", 5, &count));
     EXPECT_EQ(count, 5U);
@@ -167,26 +157,11 @@ TEST_F(SerialPort, WriteHandsTheBytesOverAndAFailureClearsTheErrorAgain)
     EXPECT_EQ(Made(), (Calls{"ClearCommError", "WriteFile 0x5", "ClearCommError"}));
 }
 
-TEST(ClosedSerialPort, ReadFailsWithAZeroedBuffer)
-{
-    Fake::Reset();
-    CommPort port; // forwards whether it is open or not
-    std::string buffer(8, 'x');
-    std::uint32_t count = 0;
-    EXPECT_FALSE(port.Read(buffer.data(), 8, &count));
-    EXPECT_FALSE(port.Write("a", 1, &count));
-    EXPECT_EQ(buffer, std::string(8, '\0'));
-    EXPECT_EQ(Made().at(1), "ReadFile 0x8 zeroed on no port");
-}
-
-class PortGuard : public support::FakeWorld
-{
-protected:
-    CommPort port;
-};
+using PortGuard = support::FakeWorld;
 
 TEST_F(PortGuard, OpenPortKeepsItsSettingsAndAClosedOneIsLeftAlone)
 {
+    CommPort port;
     EXPECT_FALSE(port.IsOpen());
     EXPECT_TRUE(port.Close());
     EXPECT_EQ(Made(), Calls{});
@@ -199,13 +174,19 @@ TEST_F(PortGuard, OpenPortKeepsItsSettingsAndAClosedOneIsLeftAlone)
     EXPECT_TRUE(port.Close());
     EXPECT_EQ(Made(), CLOSE);
     EXPECT_FALSE(port.IsOpen());
+    std::string buffer(8, 'x');
+    std::uint32_t count = 0;
+    EXPECT_FALSE(port.Read(buffer.data(), 8, &count)) << "it forwards whether it is open or not";
+    EXPECT_EQ(buffer, std::string(8, '\0'));
+    EXPECT_FALSE(port.Write("a", 1, &count));
+    EXPECT_EQ(Made().at(1), "ReadFile 0x8 zeroed on no port");
 }
 
 TEST_F(PortGuard, DeletingAnOpenPortLeavesItOpen)
 {
     {
-        CommPort other;
-        ASSERT_TRUE(other.Open(3, 4800, 2, 7, 1));
+        CommPort port;
+        ASSERT_TRUE(port.Open(3, 4800, 2, 7, 1));
     }
     EXPECT_EQ(Made(), OPEN);
 }

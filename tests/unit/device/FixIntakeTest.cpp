@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "tests/support/FakeWorld.h"
-#include "tests/support/Row.h"
 #include "tests/unit/device/ReceiverFeed.h"
 
 namespace
@@ -14,7 +13,6 @@ namespace
 
 using support::FixAt;
 using support::NoFix;
-using support::operator<<;
 using Ids = std::vector<std::uint16_t>;
 
 constexpr double LIMIT = 5e-5; // [deg]
@@ -39,36 +37,27 @@ protected:
     GPS::CGPSCOMDeviceImpl device;
 };
 
-struct MoveCase {
-    const char* rule;
-    tagLonLat before;
-    tagLonLat now;
-    Ids events;
-};
-
-const MoveCase MOVE_CASES[] = {
-    {"StandingStillIsNone", {121.0, 31.0}, {121.0, 31.0}, {}},
-    {"BothAtTheLimitIsNone", {0.0, 0.0}, {LIMIT, -LIMIT}, {}},
-    {"BackFromTheLimitIsNone", {LIMIT, -LIMIT}, {0.0, 0.0}, {}},
-    {"LongitudeAboveTheLimit", {0.0, 0.0}, {ABOVE, 0.0}, {1002}},
-    {"WestwardAboveTheLimit", {ABOVE, 0.0}, {0.0, 0.0}, {1002}},
-    {"LatitudeAboveTheLimit", {0.0, 0.0}, {0.0, ABOVE}, {1002}},
-    {"SouthwardAboveTheLimit", {0.0, ABOVE}, {0.0, 0.0}, {1002}},
-    {"BothAboveIsOneMove", {0.0, 0.0}, {1.0, 1.0}, {1002}},
-    {"AcrossTheMeridianIsFar", {179.99999, 0.0}, {-179.99999, 0.0}, {1002}},
-};
-
-class MoveLimit : public FixIntake, public testing::WithParamInterface<MoveCase>
+TEST_F(FixIntake, MoveIsMoreThanTheLimit)
 {
-};
-
-TEST_P(MoveLimit, IsStrict)
-{
-    Take(FixAt(GetParam().before.lon, GetParam().before.lat));
-    EXPECT_EQ(Take(FixAt(GetParam().now.lon, GetParam().now.lat)), GetParam().events);
+    const struct {
+        const char* rule;
+        tagLonLat before;
+        tagLonLat now;
+        Ids events;
+    } ROWS[] = {
+        {"both at the limit", {0.0, 0.0}, {LIMIT, -LIMIT}, {}},
+        {"eastward above it", {0.0, 0.0}, {ABOVE, 0.0}, {1002}},
+        {"westward", {ABOVE, 0.0}, {0.0, 0.0}, {1002}},
+        {"northward", {0.0, 0.0}, {0.0, ABOVE}, {1002}},
+        {"southward", {0.0, ABOVE}, {0.0, 0.0}, {1002}},
+        {"both above are one move", {0.0, 0.0}, {1.0, 1.0}, {1002}},
+        {"across the meridian is far", {179.99999, 0.0}, {-179.99999, 0.0}, {1002}},
+    };
+    for (const auto& row : ROWS) {
+        Take(FixAt(row.before.lon, row.before.lat));
+        EXPECT_EQ(Take(FixAt(row.now.lon, row.now.lat)), row.events) << row.rule;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rules, MoveLimit, testing::ValuesIn(MOVE_CASES), support::RuleName());
 
 TEST_F(FixIntake, EpochWithoutAPositionStandsAtZero)
 {
@@ -78,52 +67,29 @@ TEST_F(FixIntake, EpochWithoutAPositionStandsAtZero)
     EXPECT_EQ(Take(FixAt(121.0, 31.0)), Ids{1002});
 }
 
-TEST_F(FixIntake, HistoryShiftsByOneEpochAndLastValidStays)
+TEST_F(FixIntake, LossLastsMoreThanSixtyWholeSeconds)
 {
-    const std::pair<double, MOVESTATETYPE> EPOCHS[] = {
-        {10.0, MOVESTATE_STEADY},   {30.0, MOVESTATE_CHANGING},
-        {50.0, MOVESTATE_CHANGING}, {50.0, MOVESTATE_STEADY},
-        {70.0, MOVESTATE_STEADY},   {90.0, MOVESTATE_CHANGING}}; // with 0 and 0 before the first
-    for (const auto& [speed, state] : EPOCHS) {
-        _GPS_Data fix = FixAt(1.0, 1.0);
-        fix.speed = speed;
-        Take(fix);
-        EXPECT_EQ(device.GetVehicleCurrMoveState(), state) << speed;
+    const struct {
+        const char* rule;
+        std::uint32_t lostAt; // [ms]
+        std::uint32_t now;    // [ms]
+        Ids events;
+    } ROWS[] = {
+        {"sixty are not enough", 1999, 61999, {}},
+        {"sixty-one are, however short", 1999, 62000, {1003}},
+        {"fractions don't count", 1000, 61999, {}},
+        {"a wrapped count is long after",
+         0xFFFFFFFF,
+         1000,
+         {1003}}, // the seconds differ by nearly 2 to the 32
+    };
+    for (const auto& row : ROWS) {
+        Take(FixAt(0.0, 0.0));
+        EXPECT_EQ(TakeNoneAt(row.lostAt), Ids{}) << row.rule;
+        EXPECT_EQ(TakeNoneAt(row.now), Ids{}) << row.rule << ": the second epoch tests nothing";
+        EXPECT_EQ(TakeNoneAt(row.now), row.events) << row.rule;
     }
-    Take(NoFix());
-    _GPS_Data last;
-    EXPECT_FALSE(device.GetGPSData(last));
-    EXPECT_TRUE(device.GetLastValidData(last));
-    EXPECT_EQ(last.speed, 90.0);
 }
-
-struct LossCase {
-    const char* rule;
-    std::uint32_t lostAt; // [ms]
-    std::uint32_t now;    // [ms]
-    Ids events;
-};
-
-const LossCase LOSS_CASES[] = {
-    {"SixtyWholeSecondsAreNotEnough", 1999, 61999, {}},
-    {"SixtyOneAreHoweverShort", 1999, 62000, {1003}},
-    {"FractionsDoNotCount", 1000, 61999, {}},
-    {"WrappedCountIsLongAfter", 0xFFFFFFFF, 1000, {1003}}, // the seconds differ by nearly 2 to the 32
-};
-
-class LossLimit : public FixIntake, public testing::WithParamInterface<LossCase>
-{
-};
-
-TEST_P(LossLimit, IsStrictOnWholeSeconds)
-{
-    Take(FixAt(0.0, 0.0));
-    EXPECT_EQ(TakeNoneAt(GetParam().lostAt), Ids{});
-    EXPECT_EQ(TakeNoneAt(GetParam().now), Ids{}) << "the second epoch tests nothing";
-    EXPECT_EQ(TakeNoneAt(GetParam().now), GetParam().events);
-}
-
-INSTANTIATE_TEST_SUITE_P(Rules, LossLimit, testing::ValuesIn(LOSS_CASES), support::RuleName());
 
 TEST_F(FixIntake, LossIsToldAtEveryEpochAndCountsAnewAfterAFix)
 {

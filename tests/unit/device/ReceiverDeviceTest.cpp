@@ -106,34 +106,6 @@ TEST_F(Receiver, OpeningThatFailsLeavesItClosedForAnotherTry)
     EXPECT_EQ(Current().lonLat.lon, 121.0);
 }
 
-TEST_F(Receiver, CallsThatOnlyPrepareMayFail)
-{
-    for (const std::string call : {"SetCommMask", "SetupComm", "GetCommState", "GetCommTimeouts",
-                                   "EscapeCommFunction", "PurgeComm", "ClearCommError", "WriteFile"}) {
-        SCOPED_TRACE(call);
-        Fake::failing = {call};
-        EXPECT_TRUE(device->OpenGPS());
-        const int lon = static_cast<int>(call.size());
-        Feed(Gga(lon, 31));
-        EXPECT_EQ(Current().lonLat.lon, lon);
-        device->CloseGPS();
-        EXPECT_FALSE(Fake::open);
-    }
-}
-
-TEST_F(Receiver, FailedReadsCostNothing)
-{
-    ASSERT_TRUE(device->OpenGPS());
-    const std::string epoch = support::Vtg("50.0") + Gga(121, 31);
-    Fake::Play(epoch.substr(0, 5));
-    Fake::PlayFailure();
-    Fake::PlayTimeOut(); // readable, but nothing is there
-    Fake::PlayFailure();
-    Feed(epoch.substr(5));
-    EXPECT_EQ(Current().lonLat.lon, 121.0);
-    EXPECT_EQ(Current().speed, 50.0);
-}
-
 TEST_F(Receiver, CloseThatFailsLeavesTheDeviceClosed)
 {
     ASSERT_TRUE(device->OpenGPS());
@@ -146,32 +118,6 @@ TEST_F(Receiver, CloseThatFailsLeavesTheDeviceClosed)
     EXPECT_TRUE(device->OpenGPS());
     Feed(Gga(121, 31));
     EXPECT_EQ(Current().lonLat.lon, 121.0);
-}
-
-TEST_F(Receiver, AnHourOfSilenceIsNoLossOfFix)
-{
-    constexpr std::uint32_t HOUR = 3600000; // [ms]
-    using Ids = std::vector<std::uint16_t>;
-    for (const std::uint32_t start : {100000U, 0xFFFFFFFFU - HOUR / 2}) { // the count may wrap meanwhile
-        FakeTickCount::Set(start);
-        ASSERT_TRUE(device->OpenGPS());
-        Feed(Gga(121, 31));
-        FakeEventHouse::ids.clear();
-        for (std::uint32_t minute = 0; minute < 60; ++minute) {
-            FakeTickCount::Set(start + minute * 60000);
-            Fake::PlayTimeOut();
-            FakeThread::Run();
-        }
-        EXPECT_EQ(FakeEventHouse::ids, Ids{}) << "no epoch, no event";
-        EXPECT_EQ(Current().lonLat.lon, 121.0) << "the last fix stands";
-        FakeTickCount::Set(start + HOUR);
-        Feed(Gga(121, 31, 0));
-        Feed(Gga(121, 31, 0));
-        Feed(Gga(121, 31));
-        EXPECT_EQ(FakeEventHouse::ids, (Ids{1004, 1001, 1004, 1001, 1001}))
-            << "it counts from its first epoch";
-        device->CloseGPS();
-    }
 }
 
 TEST_F(Receiver, EachOpeningBeginsWithAnEmptySentenceAndEpoch)

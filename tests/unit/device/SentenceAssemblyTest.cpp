@@ -1,12 +1,10 @@
 // How chunks of bytes become sentences, and what each does to the epoch.
-#include <cstdio>
-#include <fstream>
-#include <iterator>
 #include <vector>
 
 #include "GpsLib/log/CGPSLogDeviceImpl.h"
 #include "tests/support/FakeWorld.h"
 #include "tests/support/Row.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/unit/device/ReceiverFeed.h"
 
 namespace
@@ -34,19 +32,9 @@ std::string Line(std::size_t bytes)
     return head + std::string(bytes - head.size(), 'x');
 }
 
-std::string Head(const std::string& sentence, std::size_t bytes)
-{
-    return sentence.substr(0, bytes);
-}
-
 std::string Tail(const std::string& sentence, std::size_t bytes)
 {
     return sentence.substr(sentence.size() - bytes);
-}
-
-std::string Rest(const std::string& sentence, std::size_t from)
-{
-    return sentence.substr(from);
 }
 
 struct StreamCase {
@@ -77,16 +65,15 @@ const StreamCase STREAM_CASES[] = {
     {"FifthCharacterAloneCloses", {RMC + Sentence("GPXGZ,1")}, FIX, 10.0 * 1.852},
     {"FourthCharacterDoesNot", {RMC + Sentence("GPGXA,1")}, {}, NO_FIX},
 
-    {"EightBytesWaitForTheRest", {VTG + Head(GGA, 8), Rest(GGA, 8)}, FIX, 50.0},
-    {"NineBytesAreASentence", {VTG + Head(GGA, 9), Rest(GGA, 9)}, NONE, NO_FIX},
-    {"CutSentenceLeavesTheRecordUntilItsRestWipes", {RMC + Head(GGA, 9)}, FIX, 10.0 * 1.852},
-    {"RestOfNineEndsAtTheDollar", {Head(VTG, VTG.size() - 9), Tail(VTG, 9) + GGA}, FIX, 0.0},
-    {"RestOfEightTakesTheNextSentenceAlong", {Head(VTG, VTG.size() - 8), Tail(VTG, 8) + GGA}, {}, NO_FIX},
+    {"EightBytesWaitForTheRest", {VTG + GGA.substr(0, 8), GGA.substr(8)}, FIX, 50.0},
+    {"NineBytesAreASentence", {VTG + GGA.substr(0, 9), GGA.substr(9)}, NONE, NO_FIX},
+    {"CutSentenceLeavesTheRecordUntilItsRestWipes", {RMC + GGA.substr(0, 9)}, FIX, 10.0 * 1.852},
+    {"RestOfNineEndsAtTheDollar", {VTG.substr(0, VTG.size() - 9), Tail(VTG, 9) + GGA}, FIX, 0.0},
+    {"RestOfEightTakesTheNextSentenceAlong", {VTG.substr(0, VTG.size() - 8), Tail(VTG, 8) + GGA}, {}, NO_FIX},
     {"LoneCrLfSpoilsTheNextSentence",
-     {Head(GGA, GGA.size() - 2), "\r\n" + VTG + GGA},
+     {GGA.substr(0, GGA.size() - 2), "\r\n" + VTG + GGA},
      {1002, 1001, 1001},
      0.0},
-    {"LoneLfSpoilsTheNextSentence", {Head(GGA, GGA.size() - 1), "\n" + VTG + GGA}, {1002, 1001, 1001}, 0.0},
     {"TailOfASentenceAtTheStartDoesNoHarm", {Tail(GGA, 12) + VTG + GGA}, FIX, 50.0},
     {"EightBytesBeforeADollarAreNotCutOff", {"noise..." + VTG + GGA}, FIX, 0.0},
     {"NineBytesBeforeADollarAreCutOff", {"noise...." + VTG + GGA}, FIX, 50.0},
@@ -115,68 +102,33 @@ TEST_P(SentenceAssembly, GivesTheEpochs)
 
 INSTANTIATE_TEST_SUITE_P(Rules, SentenceAssembly, testing::ValuesIn(STREAM_CASES), support::RuleName());
 
-class SentenceLog : public support::FakeWorld
+using ListenerState = support::FakeWorld;
+
+TEST_F(ListenerState, LogTakesEveryGpSentenceAsItCameAndNoOther)
 {
-protected:
-    SentenceLog() : path(testing::TempDir() + "SentenceLog.txt"), receiver(&writer)
-    {
-        static_cast<void>(std::remove(path.c_str())); // there may be none
-        writer.SetLogType(LOGTYPE_NMEA);
-        writer.OpenLogFileForWrite(path.c_str());
-    }
-
-    std::string Logged()
-    {
-        writer.CloseLogFile();
-        std::ifstream file(path, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
-
-    std::string path;
+    const support::TemporaryFolder folder;
     GPS::CGPSLogDeviceImpl writer;
-    ReceiverFeed receiver;
-};
-
-TEST_F(SentenceLog, TakesEveryGpSentenceAsItCameAndNoOther)
-{
+    ReceiverFeed receiver(&writer);
+    ASSERT_TRUE(writer.OpenLogFileForWrite(folder.Path("log").c_str()));
     const std::string unknown = Sentence("GPXYZ,1");
     receiver.Feed(RMC);
     receiver.listener.SetWriteLog(true);
     receiver.Feed(VTG + FOREIGN + unknown + Line(83) + "$GPRMC,1" + support::Spoilt(GGA));
-    receiver.Feed(Head(VTG, 9));
+    receiver.Feed(VTG.substr(0, 9));
     receiver.listener.SetWriteLog(false);
-    receiver.Feed(Rest(VTG, 9) + RMC);
-    EXPECT_EQ(Logged(), VTG + unknown + support::Spoilt(GGA) + Head(VTG, 9) + "\r\n");
+    receiver.Feed(VTG.substr(9) + RMC);
+    writer.CloseLogFile();
+    EXPECT_EQ(folder.Content("log"), VTG + unknown + support::Spoilt(GGA) + VTG.substr(0, 9) + "\r\n");
 }
 
-class SatelliteGroups : public support::FakeWorld
-{
-};
-
-TEST_F(SatelliteGroups, EachFeedGathersItsOwn)
-{
-    ReceiverFeed feeds[2];
-    feeds[0].Feed(Sentence("GPGSV,2,1,02,01,40,083,46"));
-    feeds[1].Feed(Sentence("GPGSV,2,1,02,11,41,084,47"));
-    feeds[0].Feed(Sentence("GPGSV,2,2,02,02,42,085,48") + GGA);
-    feeds[1].Feed(Sentence("GPGSV,2,2,02,12,43,086,49") + GGA);
-    for (const std::size_t feed : {0U, 1U}) {
-        _GPS_Satellite satellite{};
-        ASSERT_TRUE(feeds[feed].device.GetWholeSate(satellite));
-        const std::size_t own = feed * 10;
-        const std::size_t others = 10 - own;
-        EXPECT_EQ(satellite.listedCount, 2);
-        EXPECT_EQ(satellite.prn[own], own + 1);
-        EXPECT_EQ(satellite.prn[own + 1], own + 2);
-        EXPECT_EQ(satellite.prn[others], GPS_SATELLITE_EMPTY);
-    }
-}
-
-TEST_F(SatelliteGroups, GroupGoesOnOverAClose)
+TEST_F(ListenerState, SatelliteGroupIsItsOwnAndGoesOnOverAClose)
 {
     ReceiverFeed receiver;
+    ReceiverFeed other;
     receiver.Feed(Sentence("GPGSV,2,1,02,01,40,083,46") + GGA);
     EXPECT_EQ(receiver.Current().satellite.listedCount, 0);
+    other.Feed(Sentence("GPGSV,2,2,02,12,43,086,49") + GGA);
+    EXPECT_EQ(other.Current().satellite.listedCount, 1);
     receiver.Feed(Sentence("GPGSV,2,2,02,02,42,085,48") + GGA);
     EXPECT_EQ(receiver.Current().satellite.listedCount, 2);
 }

@@ -4,13 +4,10 @@
 
 #include "GpsLib/device/CGPSCOMDeviceImpl.h"
 #include "tests/support/FakeWorld.h"
-#include "tests/support/Row.h"
 #include "tests/support/Sentence.h"
 
 namespace
 {
-
-using support::operator<<;
 
 constexpr double INF = std::numeric_limits<double>::infinity();
 constexpr double NO_NUMBER = std::numeric_limits<double>::quiet_NaN();
@@ -29,106 +26,89 @@ protected:
         }
     }
 
+    void ExpectBothKnown(bool known)
+    {
+        EXPECT_EQ(device.GetVehicleCurrMoveState() != MOVESTATE_UNKNOWN, known);
+        EXPECT_EQ(device.GetVehicleCurrHeadingState() != HEADINGSTATE_UNKNOWN, known);
+    }
+
     GPS::CGPSCOMDeviceImpl device;
 };
 
-struct MoveCase {
-    const char* rule;
-    double speeds[3]; // [km/h] newest first
-    MOVESTATETYPE state;
-};
-
-const MoveCase MOVE_CASES[] = {
-    {"AllBelowTenIsSlow", {9.9, 0.0, 9.999}, MOVESTATE_SLOW},
-    {"TenIsNotSlow", {10.0, 9.0, 9.0}, MOVESTATE_STEADY},
-    {"OldestCountsForSlow", {8.0, 9.0, 12.0}, MOVESTATE_STEADY},
-    {"MiddleCountsForSlow", {1.0, 12.0, 1.0}, MOVESTATE_CHANGING},
-    {"FiveIsSteady", {20.0, 25.0, 30.0}, MOVESTATE_STEADY},
-    {"SixIsNot", {20.0, 26.0, 32.0}, MOVESTATE_CHANGING},
-    {"FallingCountsLikeRising", {32.0, 26.0, 20.0}, MOVESTATE_CHANGING},
-    {"NewerStepAloneMakesSteady", {30.0, 30.0, 50.0}, MOVESTATE_STEADY},
-    {"OlderStepAloneMakesSteady", {50.0, 30.0, 30.0}, MOVESTATE_STEADY},
-    {"NewestAndOldestAreNotCompared", {30.0, 50.0, 30.0}, MOVESTATE_CHANGING},
-    {"WholeKmhCount", {25.9, 20.0, 30.0}, MOVESTATE_STEADY},   // 25 and 20
-    {"CutIsTowardsZero", {-0.9, 5.9, 99.0}, MOVESTATE_STEADY}, // 0 and 5
-    {"NoNumberIsZero", {NO_NUMBER, NO_NUMBER, NO_NUMBER}, MOVESTATE_SLOW},
-    {"HugeSpeedsAreAllTheLargest", {1e300, INF, 2147483647.0}, MOVESTATE_STEADY},
-    {"LargestAndSmallestAreFarApart", {INF, -INF, INF}, MOVESTATE_CHANGING},
-};
-
-class MoveState : public VehicleState, public testing::WithParamInterface<MoveCase>
+TEST_F(VehicleState, MovesAsTheSpeedsSay)
 {
-};
-
-TEST_P(MoveState, FollowsTheSpeeds)
-{
-    TakeThree([](int epoch, _GPS_Data& record) { record.speed = GetParam().speeds[epoch]; });
-    EXPECT_EQ(device.GetVehicleCurrMoveState(), GetParam().state);
+    const struct {
+        const char* rule;
+        double speeds[3]; // [km/h] newest first
+        MOVESTATETYPE state;
+    } ROWS[] = {
+        {"all below ten is slow", {9.9, 0.0, 9.999}, MOVESTATE_SLOW},
+        {"ten is not", {10.0, 9.0, 9.0}, MOVESTATE_STEADY},
+        {"the oldest counts for slow", {8.0, 9.0, 12.0}, MOVESTATE_STEADY},
+        {"the middle one too", {1.0, 12.0, 1.0}, MOVESTATE_CHANGING},
+        {"changes of five are steady", {20.0, 25.0, 30.0}, MOVESTATE_STEADY},
+        {"changes of six are not", {20.0, 26.0, 32.0}, MOVESTATE_CHANGING},
+        {"falling counts like rising", {32.0, 26.0, 20.0}, MOVESTATE_CHANGING},
+        {"the newer step alone makes steady", {30.0, 30.0, 50.0}, MOVESTATE_STEADY},
+        {"the older one too", {50.0, 30.0, 30.0}, MOVESTATE_STEADY},
+        {"newest and oldest are not compared", {30.0, 50.0, 30.0}, MOVESTATE_CHANGING},
+        {"whole km/h count, cut towards zero", {-0.9, 5.9, 99.0}, MOVESTATE_STEADY}, // 0 and 5
+        {"no number is zero", {NO_NUMBER, NO_NUMBER, NO_NUMBER}, MOVESTATE_SLOW},
+        {"huge speeds are all the largest", {1e300, INF, 2147483647.0}, MOVESTATE_STEADY},
+        {"largest and smallest are far apart", {INF, -INF, INF}, MOVESTATE_CHANGING},
+    };
+    for (const auto& row : ROWS) {
+        TakeThree([&row](int epoch, _GPS_Data& record) { record.speed = row.speeds[epoch]; });
+        EXPECT_EQ(device.GetVehicleCurrMoveState(), row.state) << row.rule;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, MoveState, testing::ValuesIn(MOVE_CASES), support::RuleName());
-
-struct HeadingCase {
-    const char* rule;
-    double headings[3]; // [deg] newest first
-    HEADINGSTATETYPE state;
-};
-
-const double BELOW_FIVE = std::nextafter(5.0, 0.0);
-
-const HeadingCase HEADING_CASES[] = {
-    {"BelowFiveOnBothIsSteady", {BELOW_FIVE, 0.0, BELOW_FIVE}, HEADINGSTATE_STEADY},
-    {"FiveOnTheNewerIsATurn", {5.0, 0.0, 0.0}, HEADINGSTATE_TURNING},
-    {"FiveOnTheOlderIsATurn", {0.0, 0.0, 5.0}, HEADINGSTATE_TURNING},
-    {"NewestAndOldestAreNotCompared", {8.0, 4.0, 0.0}, HEADINGSTATE_STEADY},
-    {"AcrossNorthIsNear", {359.0, 1.0, 359.0}, HEADINGSTATE_STEADY},
-    {"AcrossNorthByFiveIsATurn", {2.5, 357.5, 357.5}, HEADINGSTATE_TURNING},
-    {"AboutTurnIsATurn", {180.0, 0.0, 0.0}, HEADINGSTATE_TURNING},
-    {"NoNumberIsATurn", {NO_NUMBER, 0.0, 0.0}, HEADINGSTATE_TURNING},
-    {"InfinityIsATurn", {INF, INF, INF}, HEADINGSTATE_TURNING},
-};
-
-class HeadingState : public VehicleState, public testing::WithParamInterface<HeadingCase>
+TEST_F(VehicleState, TurnsAsTheHeadingsSay)
 {
-};
-
-TEST_P(HeadingState, FollowsTheHeadings)
-{
-    TakeThree([](int epoch, _GPS_Data& record) { record.heading = GetParam().headings[epoch]; });
-    EXPECT_EQ(device.GetVehicleCurrHeadingState(), GetParam().state);
+    const double belowFive = std::nextafter(5.0, 0.0);
+    const struct {
+        const char* rule;
+        double headings[3]; // [deg] newest first
+        HEADINGSTATETYPE state;
+    } ROWS[] = {
+        {"below five on both is steady", {belowFive, 0.0, belowFive}, HEADINGSTATE_STEADY},
+        {"five on the newer is a turn", {5.0, 0.0, 0.0}, HEADINGSTATE_TURNING},
+        {"five on the older is a turn", {0.0, 0.0, 5.0}, HEADINGSTATE_TURNING},
+        {"newest and oldest are not compared", {8.0, 4.0, 0.0}, HEADINGSTATE_STEADY},
+        {"across north is near", {359.0, 1.0, 359.0}, HEADINGSTATE_STEADY},
+        {"across north by five is a turn", {2.5, 357.5, 357.5}, HEADINGSTATE_TURNING},
+        {"an about turn is a turn", {180.0, 0.0, 0.0}, HEADINGSTATE_TURNING},
+        {"no number is a turn", {NO_NUMBER, 0.0, 0.0}, HEADINGSTATE_TURNING},
+        {"infinity is a turn", {INF, INF, INF}, HEADINGSTATE_TURNING},
+    };
+    for (const auto& row : ROWS) {
+        TakeThree([&row](int epoch, _GPS_Data& record) { record.heading = row.headings[epoch]; });
+        EXPECT_EQ(device.GetVehicleCurrHeadingState(), row.state) << row.rule;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rules, HeadingState, testing::ValuesIn(HEADING_CASES), support::RuleName());
 
 TEST_F(VehicleState, NewestEpochAloneIsAskedForAFix)
 {
-    EXPECT_EQ(device.GetVehicleCurrMoveState(), MOVESTATE_UNKNOWN);
-    EXPECT_EQ(device.GetVehicleCurrHeadingState(), HEADINGSTATE_UNKNOWN);
+    ExpectBothKnown(false);
     TakeThree([](int epoch, _GPS_Data& record) { record.valid = epoch == 0 ? 1 : 0; });
-    EXPECT_EQ(device.GetVehicleCurrMoveState(), MOVESTATE_SLOW);
-    EXPECT_EQ(device.GetVehicleCurrHeadingState(), HEADINGSTATE_STEADY);
+    ExpectBothKnown(true);
     TakeThree([](int epoch, _GPS_Data& record) { record.valid = epoch == 0 ? 0 : 1; });
-    EXPECT_EQ(device.GetVehicleCurrMoveState(), MOVESTATE_UNKNOWN);
-    EXPECT_EQ(device.GetVehicleCurrHeadingState(), HEADINGSTATE_UNKNOWN);
+    ExpectBothKnown(false);
 }
 
 TEST_F(VehicleState, PositionOnTheEdgeInAnyEpochIsUnknown)
 {
     const double lon = std::nextafter(180.0, 0.0);
     const double lat = std::nextafter(90.0, 0.0);
-    const struct {
-        tagLonLat position;
-        bool known;
-    } ROWS[] = {{{180.0, 0.0}, false},    {{-180.0, 0.0}, false}, {{0.0, 90.0}, false},
-                {{0.0, -90.0}, false},    {{lon, lat}, true},     {{-lon, -lat}, true},
-                {{0.0, NO_NUMBER}, false}};
-    for (const auto& row : ROWS) {
+    const std::pair<tagLonLat, bool> ROWS[] = {
+        {{180.0, 0.0}, false}, {{-180.0, 0.0}, false}, {{0.0, 90.0}, false},      {{0.0, -90.0}, false},
+        {{lon, lat}, true},    {{-lon, -lat}, true},   {{0.0, NO_NUMBER}, false}, {{NO_NUMBER, 0.0}, false}};
+    for (const auto& [position, known] : ROWS) {
         for (int place = 0; place < 3; ++place) {
-            TakeThree([&row, place](int epoch, _GPS_Data& record) {
-                record.lonLat = epoch == place ? row.position : record.lonLat;
+            TakeThree([&position = position, place](int epoch, _GPS_Data& record) {
+                record.lonLat = epoch == place ? position : record.lonLat;
             });
-            EXPECT_EQ(device.GetVehicleCurrMoveState() != MOVESTATE_UNKNOWN, row.known);
-            EXPECT_EQ(device.GetVehicleCurrHeadingState() != HEADINGSTATE_UNKNOWN, row.known);
+            ExpectBothKnown(known);
         }
     }
 }

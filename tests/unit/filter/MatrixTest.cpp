@@ -14,34 +14,28 @@ const CMatrix EMPTY;
 const CMatrix ANY = Matrix({{1, 2, 3}, {4, 5, 6}}); // 2 by 3
 const CMatrix TALL = Matrix({{1, 2}, {3, 4}, {5, 6}});
 const CMatrix SINGLE = Matrix({{7}});
-const CMatrix ONE = Matrix({{1}});
+const MatrixContent NOTHING{0, 0, {}};
+const MatrixContent ONE{1, 1, {1}};
 
 TEST(Matrix, ConstructorsGiveTheirShapes)
 {
     const double values[] = {1, 2, 3, 4, 5, 6};
-    EXPECT_EQ(ContentOf(CMatrix()), (MatrixContent{0, 0, {}}));
-    EXPECT_EQ(ContentOf(CMatrix(0)), (MatrixContent{0, 0, {}}));
-    EXPECT_EQ(ContentOf(CMatrix(-1)), (MatrixContent{0, 0, {}}));
+    EXPECT_EQ(ContentOf(CMatrix()), NOTHING);
+    EXPECT_EQ(ContentOf(CMatrix(-1)), NOTHING);
     EXPECT_EQ(ContentOf(CMatrix(3)), (MatrixContent{3, 3, {1, 0, 0, 0, 1, 0, 0, 0, 1}}));
     EXPECT_EQ(ContentOf(CMatrix(values, 3)), (MatrixContent{3, 1, {1, 2, 3}}));
-    EXPECT_EQ(ContentOf(CMatrix(nullptr, 3)), (MatrixContent{3, 1, {0, 0, 0}}));
     EXPECT_EQ(ContentOf(CMatrix(values, 3, 2)), (MatrixContent{2, 3, {1, 2, 3, 4, 5, 6}})); // columns first
     EXPECT_EQ(ContentOf(CMatrix(nullptr, 1, 2)), (MatrixContent{2, 1, {0, 0}}));
 }
 
-TEST(Matrix, RowsOutsideAreNull)
+TEST(Matrix, RowsOutsideAreNullAndCopyOutGoesColumnAfterColumn)
 {
     EXPECT_EQ(ANY[-1], nullptr);
     EXPECT_EQ(ANY[2], nullptr);
     EXPECT_EQ(EMPTY[0], nullptr);
-    EXPECT_EQ(ANY[1][2], 6.0);
-}
-
-TEST(Matrix, CopyOutGoesColumnAfterColumn)
-{
-    double out[7] = {0, 0, 0, 0, 0, 0, -1};
-    ANY.CopyOut(out);
-    EXPECT_EQ(std::vector<double>(out, out + 7), (std::vector<double>{1, 4, 2, 5, 3, 6, -1}));
+    std::vector<double> out(7, -1.0);
+    ANY.CopyOut(out.data());
+    EXPECT_EQ(out, (std::vector<double>{1, 4, 2, 5, 3, 6, -1}));
     EMPTY.CopyOut(nullptr);
 }
 
@@ -55,48 +49,34 @@ TEST(Matrix, CopiesShareNothing)
     EXPECT_EQ(ContentOf(ANY), (MatrixContent{2, 3, {1, 2, 3, 4, 5, 6}}));
     EXPECT_EQ(ContentOf(copy), (MatrixContent{2, 3, {-1, 2, 3, 4, 5, 6}}));
     EXPECT_EQ(ContentOf(assigned), (MatrixContent{2, 3, {1, 2, 3, 4, 5, -2}}));
+    const double* const array = assigned[0];
+    assigned = *&assigned;
+    EXPECT_EQ(assigned[0], array);
     assigned = EMPTY;
-    EXPECT_EQ(ContentOf(assigned), (MatrixContent{0, 0, {}}));
+    EXPECT_EQ(ContentOf(assigned), NOTHING);
 }
-
-TEST(Matrix, AssignedToItselfKeepsItsArray)
-{
-    CMatrix matrix = ANY;
-    const double* const array = matrix[0];
-    const CMatrix& same = matrix;
-    matrix = same;
-    EXPECT_EQ(matrix[0], array);
-    EXPECT_EQ(ContentOf(matrix), ContentOf(ANY));
-}
-
-struct OperationCase {
-    const char* rule;
-    CMatrix left;
-    CMatrix right;
-    MatrixContent result;
-};
-
-const OperationCase PRODUCTS[] = {
-    {"shapes fit", ANY, TALL, {2, 2, {22, 28, 49, 64}}},
-    {"shapes fit the other way", TALL, ANY, {3, 3, {9, 12, 15, 19, 26, 33, 29, 40, 51}}},
-    {"row by column", Matrix({{1, 2}}), Matrix({{3}, {4}}), {1, 1, {11}}},
-    {"column by row", Matrix({{1}, {2}}), Matrix({{3, 4}}), {2, 2, {3, 4, 6, 8}}},
-    {"single scales from the left", SINGLE, TALL, {3, 2, {7, 14, 21, 28, 35, 42}}},
-    {"single scales from the right", TALL, SINGLE, {3, 2, {7, 14, 21, 28, 35, 42}}},
-    {"single scales a column it would fit", SINGLE, Matrix({{1, 2}}), {1, 2, {7, 14}}},
-    {"two singles", SINGLE, Matrix({{0.5}}), {1, 1, {3.5}}},
-    {"shapes that don't fit leave the left one", ANY, Matrix({{1, 2}, {3, 4}}), ContentOf(ANY)},
-    {"by the empty matrix leaves the left one", ANY, EMPTY, ContentOf(ANY)},
-    {"single by the empty matrix", SINGLE, EMPTY, {0, 0, {}}},
-    {"the empty matrix by single", EMPTY, SINGLE, {0, 0, {}}},
-    {"the empty matrix by any", EMPTY, ANY, {0, 0, {}}},
-    {"terms are summed from 0 upward", Matrix({{1e16, -1e16, 1}}), Matrix({{1}, {1}, {1}}), {1, 1, {1}}},
-};
 
 TEST(Matrix, Products)
 {
-    for (const OperationCase& product : PRODUCTS) {
-        EXPECT_EQ(ContentOf(product.left * product.right), product.result) << product.rule;
+    const struct {
+        const char* rule;
+        CMatrix left;
+        CMatrix right;
+        MatrixContent result;
+    } ROWS[] = {
+        {"shapes fit", ANY, TALL, {2, 2, {22, 28, 49, 64}}},
+        {"shapes fit the other way", TALL, ANY, {3, 3, {9, 12, 15, 19, 26, 33, 29, 40, 51}}},
+        {"column by row", Matrix({{1}, {2}}), Matrix({{3, 4}}), {2, 2, {3, 4, 6, 8}}},
+        {"single scales from the left", SINGLE, TALL, {3, 2, {7, 14, 21, 28, 35, 42}}},
+        {"single scales from the right", TALL, SINGLE, {3, 2, {7, 14, 21, 28, 35, 42}}},
+        {"single scales a column it would fit", SINGLE, Matrix({{1, 2}}), {1, 2, {7, 14}}},
+        {"shapes that don't fit leave the left one", ANY, Matrix({{1, 2}, {3, 4}}), ContentOf(ANY)},
+        {"single by the empty matrix", SINGLE, EMPTY, NOTHING},
+        {"the empty matrix by any", EMPTY, ANY, NOTHING},
+        {"terms are summed from 0 upward", Matrix({{1e16, -1e16, 1}}), Matrix({{1}, {1}, {1}}), {1, 1, {1}}},
+    };
+    for (const auto& row : ROWS) {
+        EXPECT_EQ(ContentOf(row.left * row.right), row.result) << row.rule;
     }
     EXPECT_EQ(ContentOf(ANY * 2.0), (MatrixContent{2, 3, {2, 4, 6, 8, 10, 12}}));
     EXPECT_EQ(ContentOf(2.0 * ANY), (MatrixContent{2, 3, {2, 4, 6, 8, 10, 12}}));
@@ -107,50 +87,45 @@ TEST(Matrix, SumAndDifference)
     const CMatrix other = Matrix({{10, 20, 30}, {40, 50, 60}});
     EXPECT_EQ(ContentOf(other + ANY), (MatrixContent{2, 3, {11, 22, 33, 44, 55, 66}}));
     EXPECT_EQ(ContentOf(other - ANY), (MatrixContent{2, 3, {9, 18, 27, 36, 45, 54}}));
-    EXPECT_EQ(ContentOf(EMPTY + EMPTY), ContentOf(EMPTY));
+    EXPECT_EQ(ContentOf(EMPTY + EMPTY), NOTHING);
     const CMatrix* const unfit[][2] = {{&ANY, &TALL}, {&ANY, &SINGLE}, {&SINGLE, &EMPTY}};
     for (const auto& [left, right] : unfit) {
-        EXPECT_EQ(ContentOf(*left + *right), ContentOf(ONE));
-        EXPECT_EQ(ContentOf(*left - *right), ContentOf(ONE));
+        EXPECT_EQ(ContentOf(*left + *right), ONE);
+        EXPECT_EQ(ContentOf(*left - *right), ONE);
     }
-    EXPECT_EQ(ContentOf(CMatrix(nullptr, 4) + CMatrix(nullptr, 6)), ContentOf(ONE));
+    EXPECT_EQ(ContentOf(CMatrix(nullptr, 4) + CMatrix(nullptr, 6)), ONE);
 }
 
 TEST(Matrix, Transpose)
 {
     EXPECT_EQ(ContentOf(ANY.Transpose()), (MatrixContent{3, 2, {1, 4, 2, 5, 3, 6}}));
-    EXPECT_EQ(ContentOf(EMPTY.Transpose()), ContentOf(EMPTY));
+    EXPECT_EQ(ContentOf(EMPTY.Transpose()), NOTHING);
 }
 
 const CMatrix SYMMETRIC = Matrix({{2, 1, 0}, {1, 3, 1}, {0, 1, 4}});
 const CMatrix INNOVATION = Matrix({{2, 0, 1, 0}, {0, 3, 0, 1}, {1, 0, 4, 0}, {0, 1, 0, 5}});
 
-struct DeterminantCase {
-    const char* rule;
-    CMatrix matrix;
-    double determinant;
-};
-
-const DeterminantCase DETERMINANTS[] = {
-    {"empty", EMPTY, 0.0},
-    {"order 1", SINGLE, 7.0},
-    {"order 2", Matrix({{1, 2}, {3, 4}}), -2.0},
-    {"order 3", SYMMETRIC, 18.0},
-    {"order 4 in the filter's pattern", INNOVATION, 98.0},
-    {"identity of order 4", CMatrix(4), 1.0},
-    {"order 4, rows swapped: not -1", Matrix({{0, 1, 0, 0}, {1, 0, 0, 0}, {0, 0, 1, 0}, {0, 0, 0, 1}}), 0.0},
-    {"order 4, full: not 72", Matrix({{1, 2, 3, 4}, {5, 6, 7, 8}, {2, 6, 4, 8}, {3, 1, 1, 2}}), -136.0},
-    {"identity of order 6", CMatrix(6), 1.0},
-    {"more rows than columns: the upper square", TALL, -2.0},
-    {"more columns than rows", ANY, 0.0},
-    // 1e16 + 3 rounds to 1e16 + 4; taking 1e16 off first would leave 3.
-    {"all diagonals before the first anti-diagonal", Matrix({{1e16, 3, 1e16}, {0, 1, 1}, {1, 0, 1}}), 4.0},
-};
-
 TEST(Matrix, DeterminantIsTheRuleOfSarrusAtEveryOrder)
 {
-    for (const DeterminantCase& test : DETERMINANTS) {
-        EXPECT_EQ(test.matrix.Determinant(), test.determinant) << test.rule;
+    const struct {
+        const char* rule;
+        CMatrix matrix;
+        double determinant;
+    } ROWS[] = {
+        {"empty", EMPTY, 0.0},
+        {"order 1", SINGLE, 7.0},
+        {"order 2", Matrix({{1, 2}, {3, 4}}), -2.0},
+        {"order 3", SYMMETRIC, 18.0},
+        {"order 4 in the filter's pattern", INNOVATION, 98.0},
+        {"order 4, full: not 72", Matrix({{1, 2, 3, 4}, {5, 6, 7, 8}, {2, 6, 4, 8}, {3, 1, 1, 2}}), -136.0},
+        {"more rows than columns: the upper square", TALL, -2.0},
+        {"more columns than rows", ANY, 0.0},
+        // 1e16 + 3 rounds to 1e16 + 4; taking 1e16 off first would leave 3.
+        {"all diagonals before the first anti-diagonal", Matrix({{1e16, 3, 1e16}, {0, 1, 1}, {1, 0, 1}}),
+         4.0},
+    };
+    for (const auto& row : ROWS) {
+        EXPECT_EQ(row.matrix.Determinant(), row.determinant) << row.rule;
     }
 }
 
@@ -206,7 +181,7 @@ TEST(Matrix, InverseThatFailsLeavesItsTarget)
         EXPECT_FALSE(singular.Inverse(empty));
     }
     EXPECT_EQ(ContentOf(out), ContentOf(TALL));
-    EXPECT_EQ(ContentOf(empty), ContentOf(EMPTY));
+    EXPECT_EQ(ContentOf(empty), NOTHING);
 }
 
 TEST(Matrix, CountBeyond32BitsOfBytesIsNoMemory)

@@ -1,5 +1,4 @@
 // The smoothing step, against a textbook filter with plain arrays.
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <cstring>
@@ -11,13 +10,12 @@
 #include "GpsLib/contracts/KestMath.h"
 #include "GpsLib/filter/CGPSFilter.h"
 #include "GpsLib/filter/SmoothFix.h"
+#include "tests/support/Sentence.h"
 
 namespace
 {
 
-constexpr double Q_HOLDS = 18.39397206167837;
-constexpr double Q_TURNS = 0.03678794412335674;
-constexpr double Q_TURNS_SHARPLY = 0.01839397206167837;
+using support::BytesOf;
 
 /// One axis: place [deg], velocity [m/s], acceleration; place and velocity are observed. Longitude and
 /// latitude have no cross terms, so two of these are the whole filter.
@@ -81,14 +79,23 @@ public:
     {
         east.Seed(fix.lonLat.lon, East(fix));
         north.Seed(fix.lonLat.lat, North(fix));
+        lastHeading = fix.heading;
     }
 
-    void Step(_GPS_Filter_Data& fix, double q)
+    void Step(_GPS_Filter_Data& fix)
     {
-        east.Step(fix.unitDegreeLon, q, fix.lonLat.lon, East(fix));
-        north.Step(fix.unitDegreeLat, q, fix.lonLat.lat, North(fix));
+        const double eastward = East(fix);
+        const double northward = North(fix);
+        fix.heading = fix.speed < 5.0 ? (fix.heading + lastHeading) / 2 : fix.heading;
+        const double turn = std::fabs(fix.heading - lastHeading);
+        const double q = turn > 20.0  ? 0.01839397206167837
+                         : turn > 5.0 ? 0.03678794412335674
+                                      : 18.39397206167837;
+        east.Step(fix.unitDegreeLon, q, fix.lonLat.lon, eastward);
+        north.Step(fix.unitDegreeLat, q, fix.lonLat.lat, northward);
         fix.lonLat = {east.Place(), north.Place()};
         fix.speed = std::hypot(east.Velocity(), north.Velocity()) * 3.6;
+        lastHeading = fix.heading;
     }
 
 private:
@@ -104,6 +111,7 @@ private:
 
     TextbookAxis east;
     TextbookAxis north;
+    double lastHeading = 0.0;
 };
 
 _GPS_Filter_Data Fix(double lon, double lat, double speed, double heading)
@@ -114,15 +122,11 @@ _GPS_Filter_Data Fix(double lon, double lat, double speed, double heading)
 /// Field by field, exactly; NaN equals itself.
 void ExpectSame(const _GPS_Filter_Data& fix, const _GPS_Filter_Data& expected)
 {
-    const auto bytes = [](const _GPS_Filter_Data& data) {
-        const double fields[] = {data.lonLat.lon,       data.lonLat.lat,    data.speed,
-                                 data.heading,          data.unitDegreeLon, data.unitDegreeLat,
-                                 data.valid ? 1.0 : 0.0};
-        std::array<unsigned char, sizeof fields> copy;
-        std::memcpy(copy.data(), fields, sizeof fields);
-        return copy;
+    const auto fields = [](const _GPS_Filter_Data& data) {
+        return BytesOf(std::array<double, 7>{data.lonLat.lon, data.lonLat.lat, data.speed, data.heading,
+                                             data.unitDegreeLon, data.unitDegreeLat, data.valid ? 1.0 : 0.0});
     };
-    EXPECT_EQ(bytes(fix), bytes(expected));
+    EXPECT_EQ(fields(fix), fields(expected));
 }
 
 class Smoothing : public testing::Test
@@ -134,6 +138,28 @@ protected:
         return fix;
     }
 
+    void Seed(const _GPS_Filter_Data& fix)
+    {
+        ExpectSame(Filtered(fix), fix);
+        textbook.Seed(fix);
+    }
+
+    /// Positions may differ by units of the last place of 121 degrees, 1e-14; speeds by more, since the
+    /// factor of 18 raises the covariance of the acceleration to 1e4 and its rounding with it, to some 1e-10
+    /// m/s. The filter forgets, so that nothing adds up.
+    _GPS_Filter_Data StepAlike(const _GPS_Filter_Data& fix)
+    {
+        const _GPS_Filter_Data smoothed = Filtered(fix);
+        _GPS_Filter_Data expected = fix;
+        textbook.Step(expected);
+        EXPECT_NEAR(smoothed.lonLat.lon, expected.lonLat.lon, 1e-12);
+        EXPECT_NEAR(smoothed.lonLat.lat, expected.lonLat.lat, 1e-12);
+        EXPECT_NEAR(smoothed.speed, expected.speed, 1e-7);
+        EXPECT_EQ(smoothed.heading, expected.heading);
+        return smoothed;
+    }
+
+    TextbookFilter textbook;
     std::unique_ptr<GPS::CGPSFilter> filter{GPS::CGPSFilter::Make()};
 };
 
@@ -149,90 +175,57 @@ TEST_F(Smoothing, WorkedExample)
     EXPECT_EQ(second.unitDegreeLon, 1e-5);
 }
 
-struct FactorCase {
-    const char* rule;
-    double speed;
-    double headingBefore;
-    double heading;
-    double delivered; // heading
-    double q;
-};
-
-const FactorCase FACTOR_CASES[] = {
-    {"5 degrees hold", 50.0, 90.0, 95.0, 95.0, Q_HOLDS},
-    {"more than 5 turn", 50.0, 90.0, 95.0000001, 95.0000001, Q_TURNS},
-    {"to the other side too", 50.0, 90.0, 84.9999999, 84.9999999, Q_TURNS},
-    {"20 degrees turn", 50.0, 90.0, 110.0, 110.0, Q_TURNS},
-    {"more than 20 turn sharply", 50.0, 90.0, 110.0000001, 110.0000001, Q_TURNS_SHARPLY},
-    {"no wrap at 360", 50.0, 359.0, 1.0, 1.0, Q_TURNS_SHARPLY},
-    {"no wrap in the average", 3.0, 359.0, 1.0, 180.0, Q_TURNS_SHARPLY},
-    {"below 5 km/h half a jump of 30 turns", 4.999, 90.0, 120.0, 105.0, Q_TURNS},
-    {"below 5 km/h half a jump of 10 holds", 4.999, 90.0, 100.0, 95.0, Q_HOLDS},
-    {"from 5 km/h the whole jump counts", 5.0, 90.0, 120.0, 120.0, Q_TURNS_SHARPLY},
-    {"60 km/h is no limit", 60.0, 90.0, 100.0, 100.0, Q_TURNS},
-};
-
-// The factor of a step shows in the step after it, which holds its heading.
+// The factor of a step shows in the step after it, which holds its heading: the nearest two factors move its
+// speed by 1e-5 and more.
 TEST_F(Smoothing, FactorFollowsTheChangeOfHeading)
 {
-    for (const FactorCase& test : FACTOR_CASES) {
+    const struct {
+        const char* rule;
+        double speed;
+        double headingBefore;
+        double heading;
+        double delivered; // heading
+    } ROWS[] = {
+        {"5 degrees hold", 50.0, 90.0, 95.0, 95.0},
+        {"more than 5 turn", 50.0, 90.0, 95.0000001, 95.0000001},
+        {"to the other side too", 50.0, 90.0, 84.9999999, 84.9999999},
+        {"20 degrees turn", 50.0, 90.0, 110.0, 110.0},
+        {"more than 20 turn sharply", 50.0, 90.0, 110.0000001, 110.0000001},
+        {"no wrap at 360", 50.0, 359.0, 1.0, 1.0},
+        {"no wrap in the average", 3.0, 359.0, 1.0, 180.0},
+        {"below 5 km/h half a jump of 30 turns", 4.999, 90.0, 120.0, 105.0},
+        {"below 5 km/h half a jump of 10 holds", 4.999, 90.0, 100.0, 95.0},
+        {"from 5 km/h the whole jump counts", 5.0, 90.0, 120.0, 120.0},
+        {"60 km/h is no limit", 60.0, 90.0, 100.0, 100.0},
+    };
+    for (const auto& row : ROWS) {
+        SCOPED_TRACE(row.rule);
         filter.reset(GPS::CGPSFilter::Make());
-        Filtered(Fix(121.0, 31.0, test.speed, test.headingBefore));
-        const double delivered = Filtered(Fix(121.0001, 31.0001, test.speed, test.heading)).heading;
-        const _GPS_Filter_Data third = Filtered(Fix(121.0002, 31.0002, test.speed, test.delivered));
-        EXPECT_EQ(delivered, test.delivered) << test.rule;
-        for (const double q : {Q_HOLDS, Q_TURNS, Q_TURNS_SHARPLY}) {
-            TextbookFilter textbook;
-            textbook.Seed(Fix(121.0, 31.0, test.speed, test.headingBefore));
-            _GPS_Filter_Data second = Fix(121.0001, 31.0001, test.speed, test.heading);
-            textbook.Step(second, q);
-            _GPS_Filter_Data expected = Fix(121.0002, 31.0002, test.speed, test.delivered);
-            textbook.Step(expected, Q_HOLDS);
-            // The nearest two factors move the speed by 1e-5 and more, rounding by less than 1e-9.
-            EXPECT_EQ(std::fabs(third.speed - expected.speed) < 1e-7, q == test.q)
-                << test.rule << ", factor " << q;
-        }
+        Seed(Fix(121.0, 31.0, row.speed, row.headingBefore));
+        EXPECT_EQ(StepAlike(Fix(121.0001, 31.0001, row.speed, row.heading)).heading, row.delivered);
+        StepAlike(Fix(121.0002, 31.0002, row.speed, row.delivered));
     }
 }
 
-// 200 fixes at all speeds and headings, some with breaks. Positions differ by units of the last place of 121
-// degrees, 1e-14; speeds by more, since the factor of 18 raises the covariance of the acceleration to 1e4 and
-// its rounding with it, to some 1e-10 m/s. The filter forgets, so that nothing adds up.
-TEST_F(Smoothing, AgreesWithATextbookFilter)
+TEST_F(Smoothing, AgreesWithATextbookFilterAtAllSpeedsAndHeadings)
 {
     std::mt19937 random(19991231); // NOLINT(cert-msc32-c,cert-msc51-cpp): a run that can be repeated
     const auto between = [&random](double low, double high) {
         return low + (high - low) * static_cast<double>(random()) / 4294967295.0;
     };
-    TextbookFilter textbook;
+    _GPS_Filter_Data fix = Fix(121.0, -31.0, 0.0, 0.0);
     double lastHeading = 0.0;
-    double lon = 121.0;
-    double lat = -31.0;
-    bool seeded = false;
     for (int i = 0; i < 200; ++i) {
-        lon += between(-3e-4, 3e-4);
-        lat += between(-3e-4, 3e-4);
-        _GPS_Filter_Data fix = Fix(lon, lat, between(0.0, i % 2 == 0 ? 6.0 : 130.0), 0.0);
+        fix.lonLat = {fix.lonLat.lon + between(-3e-4, 3e-4), fix.lonLat.lat + between(-3e-4, 3e-4)};
+        fix.speed = between(0.0, i % 2 == 0 ? 6.0 : 130.0);
         fix.heading = i % 3 == 0 ? between(0.0, 360.0) : lastHeading + between(-12.0, 12.0);
         fix.unitDegreeLon = between(1.0e-5, 1.1e-5);
-        fix.valid = i % 40 != 39;
-        const _GPS_Filter_Data smoothed = Filtered(fix);
-        if (!fix.valid || !seeded) {
-            ExpectSame(smoothed, fix);
-            textbook.Seed(fix);
-            seeded = fix.valid;
-            lastHeading = fix.heading;
-            continue;
+        lastHeading = fix.heading;
+        if (i == 0) {
+            Seed(fix);
+        } else {
+            lastHeading = StepAlike(fix).heading;
         }
-        const double heading = fix.speed < 5.0 ? (fix.heading + lastHeading) / 2 : fix.heading;
-        const double turn = std::fabs(heading - lastHeading);
-        _GPS_Filter_Data expected = fix;
-        textbook.Step(expected, turn > 20.0 ? Q_TURNS_SHARPLY : turn > 5.0 ? Q_TURNS : Q_HOLDS);
-        ASSERT_NEAR(smoothed.lonLat.lon, expected.lonLat.lon, 1e-12) << i;
-        ASSERT_NEAR(smoothed.lonLat.lat, expected.lonLat.lat, 1e-12) << i;
-        ASSERT_NEAR(smoothed.speed, expected.speed, 1e-7) << i;
-        ASSERT_EQ(smoothed.heading, heading) << i;
-        lastHeading = heading;
     }
 }
 
@@ -266,16 +259,13 @@ TEST_F(Smoothing, OfARecordRewritesPositionSpeedAndHeadingAlone)
         GetUnitDegree(record.lonLat, data.unitDegreeLon, data.unitDegreeLat); // before smoothing
         data.valid = record.valid == 1;
         beside->Filter(data);
-        std::array<unsigned char, sizeof record> expected;
-        std::memcpy(expected.data(), &record, sizeof record);
+        auto expected = BytesOf(record);
         const double written[] = {data.lonLat.lon, data.lonLat.lat, data.speed};
         std::memcpy(&expected[offsetof(_GPS_Data, lonLat)], written, sizeof written);
         std::memcpy(&expected[offsetof(_GPS_Data, heading)], &data.heading, sizeof data.heading);
 
         GPS::SmoothFix(*filter, record);
-        std::array<unsigned char, sizeof record> bytes;
-        std::memcpy(bytes.data(), &record, sizeof record);
-        EXPECT_EQ(bytes, expected) << i;
+        EXPECT_EQ(BytesOf(record), expected) << i;
     }
 }
 

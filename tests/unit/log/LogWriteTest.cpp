@@ -1,13 +1,10 @@
 // The log file, byte for byte.
-#include <thread>
-#include <vector>
+#include <string>
 
 #include <gtest/gtest.h>
 
 #include "GpsLib/log/CGPSLogDevice.h"
 #include "GpsLib/log/CGPSLogDeviceImpl.h"
-#include "tests/support/Row.h"
-#include "tests/support/Sentence.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace
@@ -15,48 +12,6 @@ namespace
 
 using GPS::CGPSLogDevice;
 using GPS::CGPSLogDeviceImpl;
-
-struct LineCase {
-    const char* rule;
-    std::string text;
-    std::string written;
-};
-
-using support::operator<<;
-
-const std::string LONGEST_IN_ONE(253, 'x');
-const std::string LONGER(100000, 'y');
-
-const LineCase LINES[] = {
-    {"CrLfStaysAsItIs", "$GPZDA*48\r\n", "$GPZDA*48\r\n"},
-    {"NoLineEndGetsOne", "$GPZDA*48", "$GPZDA*48\r\n"},
-    {"EmptyTextIsALineEnd", "", "\r\n"},
-    {"OneByte", "\n", "\n\r\n"},
-    {"BareLfIsNoLineEnd", "$GPZDA*48\n", "$GPZDA*48\n\r\n"},
-    {"LfCrIsNoLineEnd", "$GPZDA*48\n\r", "$GPZDA*48\n\r\r\n"},
-    {"LineEndAlone", "\r\n", "\r\n"},
-    {"LongestThatFitsTheWorkBuffer", LONGEST_IN_ONE, LONGEST_IN_ONE + "\r\n"},
-    {"OneLongerIsWhole", LONGEST_IN_ONE + "z", LONGEST_IN_ONE + "z\r\n"},
-    {"AnyLengthIsWhole", LONGER, LONGER + "\r\n"},
-};
-
-class LogLine : public testing::TestWithParam<LineCase>
-{
-};
-
-TEST_P(LogLine, IsWrittenWhole)
-{
-    const support::TemporaryFolder folder;
-    {
-        CGPSLogDevice device;
-        ASSERT_TRUE(device.OpenLogFileForWrite(folder.Path("log").c_str()));
-        EXPECT_TRUE(device.WriteLog("first\r\n"));
-        EXPECT_TRUE(device.WriteLog(GetParam().text.c_str()));
-    }
-    EXPECT_EQ(folder.Content("log"), "first\r\n" + GetParam().written);
-}
-
-INSTANTIATE_TEST_SUITE_P(Rules, LogLine, testing::ValuesIn(LINES), support::RuleName());
 
 class LogWriter : public testing::Test
 {
@@ -67,13 +22,33 @@ protected:
     CGPSLogDeviceImpl log;
 };
 
-TEST_F(LogWriter, AppendsToWhatIsThere)
+TEST_F(LogWriter, LinesAreWrittenWhole)
 {
-    folder.File("log", "before\r\n");
-    ASSERT_TRUE(Open("log"));
-    log.WriteLog("behind");
-    EXPECT_TRUE(log.CloseLogFile());
-    EXPECT_EQ(folder.Content("log"), "before\r\nbehind\r\n");
+    const std::string longestInOne(253, 'x');
+    const std::string longer(100000, 'y');
+    const struct {
+        const char* rule;
+        std::string text;
+        std::string written;
+    } ROWS[] = {
+        {"CR LF stays as it is", "$GPZDA*48\r\n", "$GPZDA*48\r\n"},
+        {"no line end gets one", "$GPZDA*48", "$GPZDA*48\r\n"},
+        {"empty text is a line end", "", "\r\n"},
+        {"one byte", "\n", "\n\r\n"},
+        {"bare LF is no line end", "$GPZDA*48\n", "$GPZDA*48\n\r\n"},
+        {"nor is CR before another byte", "$GPZDA*4\r8", "$GPZDA*4\r8\r\n"},
+        {"line end alone", "\r\n", "\r\n"},
+        {"the longest that fits the work buffer", longestInOne, longestInOne + "\r\n"},
+        {"one longer", longestInOne + "z", longestInOne + "z\r\n"},
+        {"any length", longer, longer + "\r\n"},
+    };
+    for (const auto& row : ROWS) {
+        ASSERT_TRUE(Open(row.rule));
+        EXPECT_TRUE(log.WriteLog("first\r\n"));
+        EXPECT_TRUE(log.WriteLog(row.text.c_str()));
+        EXPECT_TRUE(log.CloseLogFile());
+        EXPECT_EQ(folder.Content(row.rule), "first\r\n" + row.written) << row.rule;
+    }
 }
 
 TEST_F(LogWriter, OpenLogIgnoresAnotherPath)
@@ -110,15 +85,15 @@ TEST_F(LogWriter, OtherLogTypesWriteNothing)
     EXPECT_EQ(folder.Content("log"), "seen\r\n");
 }
 
-TEST_F(LogWriter, ClosesOnceAndOpensAgain)
+TEST_F(LogWriter, ClosesOnceAndAppendsWhenOpenedAgain)
 {
-    ASSERT_TRUE(Open("log"));
-    EXPECT_TRUE(log.CloseLogFile());
-    EXPECT_FALSE(log.CloseLogFile());
-    ASSERT_TRUE(Open("log"));
-    log.WriteLog("again");
-    log.CloseLogFile();
-    EXPECT_EQ(folder.Content("log"), "again\r\n");
+    for (const char* const text : {"one", "two"}) {
+        ASSERT_TRUE(Open("log"));
+        log.WriteLog(text);
+        EXPECT_TRUE(log.CloseLogFile());
+        EXPECT_FALSE(log.CloseLogFile());
+    }
+    EXPECT_EQ(folder.Content("log"), "one\r\ntwo\r\n");
 }
 
 TEST_F(LogWriter, FullDiskGoesUnnoticed)

@@ -1,13 +1,13 @@
 // What a log becomes again.
-#include <cstring>
+#include <string>
 #include <thread>
+#include <vector>
 
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
 #include "GpsLib/log/CGPSLogDevice.h"
 #include "GpsLib/log/CGPSLogDeviceImpl.h"
-#include "tests/support/Row.h"
 #include "tests/support/Sentence.h"
 #include "tests/support/TemporaryFolder.h"
 
@@ -34,22 +34,9 @@ protected:
         return device.OpenLogFileForRead(path.data());
     }
 
-    /// Result: the seconds of each record that comes out.
-    std::vector<int> Seconds(const std::string& bytes)
-    {
-        std::vector<int> seconds;
-        EXPECT_TRUE(Open(bytes));
-        for (_GPS_Data fix; device.GetGPSData(fix);) {
-            seconds.push_back(fix.time.second);
-        }
-        return seconds;
-    }
-
     support::TemporaryFolder folder;
     CGPSLogDevice device;
 };
-
-using Records = std::vector<int>;
 
 TEST_F(Replay, EpochsBuildUpAsTheyDoLive)
 {
@@ -66,50 +53,47 @@ TEST_F(Replay, EpochsBuildUpAsTheyDoLive)
     EXPECT_FALSE(device.GetGPSData(fix)) << "and stays at the end";
 }
 
-struct StreamCase {
-    const char* rule;
-    std::string bytes;
-    Records seconds; // of the records that come out
-};
-
-using support::operator<<;
-
 std::string WithBareLf(std::string text)
 {
     text.erase(text.size() - 2, 1);
     return text;
 }
 
-const StreamCase STREAMS[] = {
-    {"NothingInAnEmptyFile", "", {}},
-    {"NothingWithoutGga", RMC + RMC + GSA, {}},
-    {"RecordWithoutValidFixComesOut", GGA_NO_FIX, {2}},
-    {"GgaWithoutPositionEndsNoRecord", GGA_NO_POSITION + GGA, {0}},
-    {"GgaWithoutPositionEndsOneThatHasAPosition", RMC + GGA_NO_POSITION + GGA_NEXT, {0, 1}},
-    {"BadChecksumEndsARecordThatHasAPosition", RMC + "$GPGGA,10*00\r\n", {0}},
-    {"UnknownSentenceWithGEndsOneToo", RMC + Sentence("GPXGX,1"), {0}},
-    {"ForeignTalkerWipesTheEpoch", RMC + FOREIGN + GGA_NO_POSITION + GGA, {0}},
-    {"EmptyLineWipesTheEpoch", RMC + "\r\n" + GGA_NO_POSITION, {}},
-    {"BareLfIsRepaired", WithBareLf(GGA) + WithBareLf(GGA_NEXT), {0, 1}},
-    {"LastLineNeedsNoLineEnd", GGA.substr(0, GGA.size() - 2), {0}},
-    {"LongitudeZeroNeverComesOut", Sentence("GPGGA,101504,3114.250,N,00000.000,E,1,08,0.9,12.5,M,,M,,"), {}},
-    {"LongLineComesInPieces", std::string(254, 'x') + RMC + GGA_NO_POSITION, {0}},
-    {"LineOf83BytesIsRefused", RMC + Sentence("GPGGA" + std::string(71, ',')).insert(6, 1, 'x') + GGA, {0}},
-    {"NulLineEndsOneCall", std::string("\0\n", 2) + GGA, {}},
-};
-
-class ReplayStream : public Replay, public testing::WithParamInterface<StreamCase>
+TEST_F(Replay, GgaEndsARecordThatHasALongitude)
 {
-};
-
-TEST_P(ReplayStream, GivesTheRecords)
-{
-    EXPECT_EQ(Seconds(GetParam().bytes), GetParam().seconds);
+    const struct {
+        const char* rule;
+        std::string bytes;
+        std::vector<int> seconds; // of the records that come out
+    } ROWS[] = {
+        {"nothing in an empty file", "", {}},
+        {"nothing without GGA", RMC + RMC + GSA, {}},
+        {"record without valid fix", GGA_NO_FIX, {2}},
+        {"GGA without position ends no record", GGA_NO_POSITION + GGA, {0}},
+        {"but one that has a position", RMC + GGA_NO_POSITION + GGA_NEXT, {0, 1}},
+        {"bad checksum ends one too", RMC + "$GPGGA,10*00\r\n", {0}},
+        {"unknown sentence with G ends one too", RMC + Sentence("GPXGX,1"), {0}},
+        {"foreign talker wipes the epoch", RMC + FOREIGN + GGA_NO_POSITION + GGA, {0}},
+        {"empty line wipes the epoch", RMC + "\r\n" + GGA_NO_POSITION, {}},
+        {"bare LF is repaired", WithBareLf(GGA) + WithBareLf(GGA_NEXT), {0, 1}},
+        {"last line needs no line end", GGA.substr(0, GGA.size() - 2), {0}},
+        {"longitude zero", Sentence("GPGGA,101504,3114.250,N,00000.000,E,1,08,0.9,12.5,M,,M,,"), {}},
+        {"long line comes in pieces", std::string(254, 'x') + RMC + GGA_NO_POSITION, {0}},
+        {"line of 83 bytes is refused",
+         RMC + Sentence("GPGGA" + std::string(71, ',')).insert(6, 1, 'x') + GGA,
+         {0}},
+    };
+    for (const auto& row : ROWS) {
+        std::vector<int> seconds;
+        EXPECT_TRUE(Open(row.bytes));
+        for (_GPS_Data fix; device.GetGPSData(fix);) {
+            seconds.push_back(fix.time.second);
+        }
+        EXPECT_EQ(seconds, row.seconds) << row.rule;
+    }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, ReplayStream, testing::ValuesIn(STREAMS), support::RuleName());
-
-TEST_F(Replay, GoesOnBehindANulLine)
+TEST_F(Replay, NulLineEndsOneCall)
 {
     ASSERT_TRUE(Open(std::string("\0\n", 2) + GGA));
     _GPS_Data fix;
@@ -186,13 +170,9 @@ TEST_F(Replay, HostileFilesEndInFalse)
         state = state * 1664525U + 1013904223U;
         random += static_cast<char>(state >> 24U);
     }
-    const auto many = [](char byte, std::size_t count) {
-        std::string bytes;
-        bytes.resize(count, byte);
-        return bytes;
-    };
-    const std::string files[] = {many('\0', 100000), many('x', 10000000), many('\r', 100000),
-                                 many('$', 100000),  many('\n', 100000),  random};
+    const std::string files[] = {std::string(100000, '\0'), std::string(8000000, 'x'),
+                                 std::string(100000, '\r'), std::string(100000, '$'),
+                                 std::string(100000, '\n'), random};
     for (const std::string& bytes : files) {
         ASSERT_TRUE(Open(bytes));
         _GPS_Data fix;
@@ -231,16 +211,14 @@ TEST_F(Replay, GroupsOfTwoReplaysDontMix)
     EXPECT_EQ(fix.satellite.prn[4], 255) << "from the other log";
 }
 
-struct ReadCase {
-    const char* rule;
-    std::string bytes;
-    std::int32_t length;
-    std::string line;
-};
-
-TEST(ReadLine, GivesLinesWithTheirTrueLength)
+TEST_F(Replay, ReadLineGivesLinesWithTheirTrueLength)
 {
-    const ReadCase cases[] = {
+    const struct {
+        const char* rule;
+        std::string bytes;
+        std::int32_t length;
+        std::string line;
+    } ROWS[] = {
         {"CR LF", "ab\r\n", 4, "ab\r\n"},
         {"bare LF grows by one", "ab\n", 4, "ab\r\n"},
         {"two bytes are left alone", "a\n", 2, "a\n"},
@@ -250,17 +228,13 @@ TEST(ReadLine, GivesLinesWithTheirTrueLength)
         {"a line that begins with NUL", std::string("\0ab\n", 4), 0, ""},
         {"the end", "", -1, ""},
     };
-    for (const ReadCase& read : cases) {
-        SCOPED_TRACE(read.rule);
-        const support::TemporaryFolder folder;
+    for (const auto& row : ROWS) {
         GPS::CGPSLogDeviceImpl log;
-        char line[256];
-        std::memset(line, 'z', sizeof line);
-        line[255] = '\0';
-        EXPECT_EQ(log.ReadLine(line, 255), 0) << "no log open";
-        ASSERT_TRUE(log.OpenLogFileForRead(folder.File("log", read.bytes).c_str()));
-        EXPECT_EQ(log.ReadLine(line, 255), read.length);
-        EXPECT_STREQ(line, read.line.c_str());
+        std::string line(255, 'z');
+        EXPECT_EQ(log.ReadLine(line.data(), 255), 0) << "no log open";
+        ASSERT_TRUE(log.OpenLogFileForRead(folder.File("log", row.bytes).c_str()));
+        EXPECT_EQ(log.ReadLine(line.data(), 255), row.length) << row.rule;
+        EXPECT_STREQ(line.c_str(), row.line.c_str()) << row.rule;
     }
 }
 

@@ -7,6 +7,8 @@
 namespace
 {
 
+using support::operator<<;
+
 const std::string GGA_NONE = With(GGA, 6, "0");
 const std::string RMC_V = With(RMC, 2, "V");
 const std::string GSA_1 = With(GSA, 2, "1");

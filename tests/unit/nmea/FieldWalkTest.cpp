@@ -8,6 +8,7 @@
 namespace
 {
 
+using support::operator<<;
 using Change = std::function<void(_GPS_Data&)>;
 
 template <class FIELD>
@@ -114,10 +115,10 @@ const WalkCase GGA_CASES[] = {
     {"TimeIsCutTo8Bits", With(GGA, 1, "Z0A0//"), All(Gga(0x255, 1), Time(420 - 256, 170, 256 - 11))},
     {"HighBytesAreUnsignedDigits", With(GGA, 2, "\260007.038"),
      Gga(0x255, 1, {HERE.lon, 1280.0 + 7.038 * SIXTIETH})},
-    // "12", "3,", "48" are taken for the time and the walk resumes at that "8": "N" is then the latitude,
+    // "12", "34", ",4" are taken for the time and the walk resumes at that "4": "N" is then the latitude,
     // with its degrees from "N," (30 * 10 - 4), and "1," the longitude, with its degrees from "1,0".
-    {"ShortTimeSwallowsTheNextField", With(GGA, 1, "123"),
-     All(Gga(0x255, 0, {60.0 + 8.0 * SIXTIETH, 296.0 + 1131.0 * SIXTIETH}, 0, 0.0), Time(12, 26, 48))},
+    {"ShortTimeSwallowsTheNextField", With(GGA, 1, "1234"),
+     All(Gga(0x255, 0, {60.0 + 8.0 * SIXTIETH, 296.0 + 1131.0 * SIXTIETH}, 0, 0.0), Time(12, 34, 256 - 36))},
     {"FiveDigitsOfTimeLoseNoField", With(GGA, 1, "10151"), // "1," is 10 - 4
      All(Gga(0x255, 1), Time(10, 15, 6))},
     // "4," gives 36 degrees and the walk resumes at "N"; "W,0" gives (39 * 10 - 4) * 10 + 0 degrees.

@@ -6,6 +6,8 @@
 namespace
 {
 
+using support::operator<<;
+
 const std::string WHOLE = Sentence(VTG);
 
 /// A VTG of a length, line end included; what pads it stands in a field that nothing reads.
@@ -62,7 +64,7 @@ const GateCase GATE_CASES[] = {
     {"OtherTalker", REFUSED, OfType("GNVTG")},
     {"Proprietary", REFUSED, Sentence("PGRME,15.0,M,45.0,M,25.0,M")},
     {"LowerCaseTalker", REFUSED, OfType("gpVTG")},
-    {"NoDollar", REFUSED, WHOLE.substr(1)},
+    {"NoDollar", REFUSED, "!" + WHOLE.substr(1)},
     {"SpaceBeforeTheDollar", REFUSED, " " + WHOLE},
     {"SevenLettersCountByThree", STORED, OfType("GPVTGXY")},
     {"UnknownFirstLetter", IGNORED, OfType("GPXTG")},

@@ -7,6 +7,8 @@
 namespace
 {
 
+using support::operator<<;
+
 /// A message with its entries' data made from their numbers.
 std::string Gsv(int total, int number, int viewCount, std::initializer_list<int> satellites)
 {

@@ -1,7 +1,6 @@
 // ParserFeed.h: one feed of sentences into one record, and the sentences that the parser tests share.
 #pragma once
 
-#include <array>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -14,8 +13,8 @@
 #include "tests/support/Row.h"
 #include "tests/support/Sentence.h"
 
+using support::BytesOf;
 using support::Sentence;
-using support::operator<<;
 
 // At 10:15:19, with every field that is read.
 constexpr const char* GGA = "GPGGA,101519.75,4807.038,N,01131.0,W,1,08,0.9,545.4,M,46.9,M,,";
@@ -33,15 +32,6 @@ inline std::string With(std::string body, int field, const std::string& text)
         begin = body.find(',', begin) + 1;
     }
     return body.replace(begin, body.find(',', begin) - begin, text);
-}
-
-/// The whole block, padding included.
-template <class RECORD>
-std::array<unsigned char, sizeof(RECORD)> BytesOf(const RECORD& record)
-{
-    std::array<unsigned char, sizeof(RECORD)> bytes;
-    std::memcpy(bytes.data(), &record, bytes.size());
-    return bytes;
 }
 
 /// A terminated copy in a heap block of its exact size: one byte read too far is one that the sanitizer sees.

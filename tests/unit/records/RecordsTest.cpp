@@ -7,18 +7,13 @@
 #include <gtest/gtest.h>
 
 #include "GpsLib/records/GPSRecords.h"
+#include "tests/support/Sentence.h"
 
 namespace
 {
 
+using support::BytesOf;
 using Bytes = std::array<unsigned char, sizeof(_GPS_Data)>;
-
-Bytes BytesOf(const _GPS_Data& record)
-{
-    Bytes bytes;
-    std::memcpy(bytes.data(), &record, bytes.size());
-    return bytes;
-}
 
 TEST(Records, DefaultIsZeroButForEmptySlotsAndNoPosition)
 {
@@ -58,33 +53,21 @@ TEST(Records, NarrowCopyHasEveryFieldButTheSatellites)
     EXPECT_EQ(std::memcmp(&narrow[24], &source[408], 67), 0);
 }
 
-struct PlaceCase {
-    const char* rule;
-    double lon;
-    double lat;
-    bool onEarth;
-};
-
-const PlaceCase PLACE_CASES[] = {
-    {"Origin", 0.0, 0.0, true},
-    {"NoPosition", 180.0, 90.0, false},
-    {"EastEdge", 180.0, 0.0, false},
-    {"InsideEastEdge", std::nextafter(180.0, 0.0), 0.0, true},
-    {"WestEdge", -180.0, 0.0, false},
-    {"InsideWestEdge", std::nextafter(-180.0, 0.0), 0.0, true},
-    {"NorthPole", 0.0, 90.0, false},
-    {"InsideNorthPole", 0.0, std::nextafter(90.0, 0.0), true},
-    {"SouthPole", 0.0, -90.0, false},
-    {"InsideSouthPole", 0.0, std::nextafter(-90.0, 0.0), true},
-    {"LonIsNoNumber", std::nan(""), 0.0, false},
-    {"LatIsNoNumber", 0.0, std::nan(""), false},
-    {"Infinite", HUGE_VAL, 0.0, false},
-};
-
 TEST(Records, OnEarthIsStrictlyInsideTheRanges)
 {
-    for (const PlaceCase& place : PLACE_CASES) {
-        EXPECT_EQ(IsOnEarth({place.lon, place.lat}), place.onEarth) << place.rule;
+    const double lon = std::nextafter(180.0, 0.0);
+    const double lat = std::nextafter(90.0, 0.0);
+    for (const tagLonLat inside : {tagLonLat{0.0, 0.0}, {lon, lat}, {-lon, -lat}}) {
+        EXPECT_TRUE(IsOnEarth(inside)) << inside.lon << ' ' << inside.lat;
+    }
+    for (const tagLonLat outside : {tagLonLat{180.0, 0.0},
+                                    {-180.0, 0.0},
+                                    {0.0, 90.0},
+                                    {0.0, -90.0},
+                                    {std::nan(""), 0.0},
+                                    {0.0, std::nan("")},
+                                    {HUGE_VAL, 0.0}}) {
+        EXPECT_FALSE(IsOnEarth(outside)) << outside.lon << ' ' << outside.lat;
     }
 }
 

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <limits>
 #include <stdexcept>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -9,8 +10,6 @@
 #include "GpsLib/contracts/KestRoute.h"
 #include "GpsLib/simu/CGPSSimuDevice.h"
 #include "tests/support/FakeWorld.h"
-#include "tests/support/Row.h"
-#include "tests/support/Sentence.h"
 
 namespace
 {
@@ -123,24 +122,18 @@ TEST_F(Drive, RecordSaysWhatADriveKnows)
     EXPECT_FALSE(device.GetWholeSate(satellites));
 }
 
-struct HeadingCase {
-    tagLonLat to;
-    double heading;
-};
-
 TEST_F(Drive, HeadingsAreClockwiseFromNorth)
 {
-    const HeadingCase cases[] = {
+    const std::pair<tagLonLat, double> ROWS[] = {
         {{0.0, 1.0}, 0.0},    {{1.0, 1.0}, 45.0},   {{1.0, 0.0}, 90.0},
         {{1.0, -1.0}, 135.0}, {{0.0, -1.0}, 180.0}, {{-1.0, -1.0}, 225.0},
-        {{-1.0, 0.0}, 270.0}, {{-1.0, 1.0}, 315.0}, {{0.0, 0.0}, 90.0},
-    };
-    for (const HeadingCase& heading : cases) {
-        const std::vector<tagLonLat> points{{0.0, 0.0}, heading.to, {0.5, 0.5}};
+        {{-1.0, 0.0}, 270.0}, {{-1.0, 1.0}, 315.0}, {{0.0, 0.0}, 90.0}};
+    for (const auto& [to, heading] : ROWS) {
+        const std::vector<tagLonLat> points{{0.0, 0.0}, to, {0.5, 0.5}};
         path.blocks = {Block(points, LONG, LAST)};
         ASSERT_TRUE(Begin(1.0));
         ASSERT_TRUE(device.GetGPSData(record));
-        EXPECT_NEAR(record.heading, heading.heading, 1e-12); // of a circle of 360: a few roundings
+        EXPECT_NEAR(record.heading, heading, 1e-12); // of a circle of 360: a few roundings
     }
 }
 
@@ -177,103 +170,70 @@ const std::vector<tagLonLat> ONE_POINT{{0.0, 0.0}};
 const std::vector<tagLonLat> OFF_EARTH{{0.0, 0.0}, {180.0, 0.0}};
 const std::vector<tagLonLat> NOWHERE{{0.0, 0.0}, {0.0, NOT_A_NUMBER}};
 
-PathGuid WithoutPoints()
+TEST_F(Drive, RouteThatFailsEndsInFalseWithTheRecordUntouched)
 {
-    PathGuid block = Block(GOOD, LONG, LAST);
-    block.points = nullptr;
-    return block;
-}
-
-struct FailureCase {
-    const char* rule;
-    std::vector<PathGuid> blocks;
-    bool begins; // else BeginSimu answers false
-};
-
-using support::operator<<;
-
-const FailureCase FAILURES[] = {
-    {"NoBlock", {}, false},
-    {"FirstBlockOfOnePoint", {Block(ONE_POINT, LONG, LAST)}, false},
-    {"FirstBlockWithoutPoints", {WithoutPoints()}, false},
-    {"PointOffEarth", {Block(OFF_EARTH, LONG, LAST)}, true},
-    {"PointOffEarthAtTheEndOfAShortBlock", {Block(OFF_EARTH, 0.0, LAST)}, true},
-    {"PointThatIsNoNumber", {Block(NOWHERE, LONG, LAST)}, true},
-    {"PromisedBlockIsMissing", {Block(GOOD, LONG, 0.0)}, true},
-    {"NextBlockOfOnePoint", {Block(GOOD, LONG, 1.0), Block(ONE_POINT, LONG, LAST)}, true},
-    {"NextBlockWithoutPoints", {Block(GOOD, 0.0, 1.0), WithoutPoints()}, true},
-};
-
-class FailingRoute : public Drive, public testing::WithParamInterface<FailureCase>
-{
-};
-
-TEST_P(FailingRoute, EndsInFalseWithTheRecordUntouched)
-{
-    path.blocks = GetParam().blocks;
-    ASSERT_EQ(Begin(100.0), GetParam().begins);
-    record.altitude = 77.0;
-    for (int calls = 0; calls < 3; ++calls) {
-        EXPECT_FALSE(device.GetGPSData(record));
-        EXPECT_EQ(record.altitude, 77.0);
+    PathGuid withoutPoints = Block(GOOD, LONG, LAST);
+    withoutPoints.points = nullptr;
+    const struct {
+        const char* rule;
+        std::vector<PathGuid> blocks;
+        bool begins; // else BeginSimu answers false
+    } ROWS[] = {
+        {"no block", {}, false},
+        {"first block of one point", {Block(ONE_POINT, LONG, LAST)}, false},
+        {"first block without points", {withoutPoints}, false},
+        {"point off Earth", {Block(OFF_EARTH, LONG, LAST)}, true},
+        {"point off Earth at the end of a short block", {Block(OFF_EARTH, 0.0, LAST)}, true},
+        {"point that is no number", {Block(NOWHERE, LONG, LAST)}, true},
+        {"promised block is missing", {Block(GOOD, LONG, 0.0)}, true},
+        {"next block of one point", {Block(GOOD, LONG, 1.0), Block(ONE_POINT, LONG, LAST)}, true},
+        {"next block without points", {Block(GOOD, 0.0, 1.0), withoutPoints}, true},
+    };
+    for (const auto& row : ROWS) {
+        SCOPED_TRACE(row.rule);
+        path.given = 0;
+        path.blocks = row.blocks;
+        ASSERT_EQ(Begin(100.0), row.begins);
+        record.altitude = 77.0;
+        for (int calls = 0; calls < 3; ++calls) {
+            EXPECT_FALSE(device.GetGPSData(record));
+            EXPECT_EQ(record.altitude, 77.0);
+        }
+        path.blocks = {Block(GOOD, LONG, LAST)};
+        EXPECT_TRUE(device.BeginSimu()) << "and can begin anew";
+        EXPECT_TRUE(device.EndSimu());
     }
-    path.given = 0;
-    path.blocks = {Block(GOOD, LONG, LAST)};
-    EXPECT_TRUE(device.BeginSimu()) << "and can begin anew";
 }
-
-INSTANTIATE_TEST_SUITE_P(Rules, FailingRoute, testing::ValuesIn(FAILURES), support::RuleName());
-
-struct ParameterCase {
-    const char* rule;
-    double timeStep;
-    double speed;
-    bool begins;
-};
 
 TEST_F(Drive, BeginsWithSpeedAndTimeStepAboveZeroOnly)
 {
-    const ParameterCase cases[] = {
-        {"plain", 1.0, 60.0, true},
-        {"more than the highest speed", 1.0, INFINITE, true},
-        {"no speed", 1.0, 0.0, false},
-        {"backwards", 1.0, -1.0, false},
-        {"no time", 0.0, 60.0, false},
-        {"backwards in time", -1.0, 60.0, false},
-        {"backwards twice", -1.0, -60.0, false},
-        {"endless step", INFINITE, 60.0, true},
-        {"speed that is no number", 1.0, NOT_A_NUMBER, true},
-        {"time that is no number", NOT_A_NUMBER, 60.0, true},
-    };
+    const struct {
+        double timeStep;
+        double speed;
+        bool begins;
+    } ROWS[] = {{1.0, 60.0, true},         {1.0, INFINITE, true},  {1.0, 0.0, false},
+                {1.0, -1.0, false},        {0.0, 60.0, false},     {-1.0, 60.0, false},
+                {-1.0, -60.0, false},      {INFINITE, 60.0, true}, {1.0, NOT_A_NUMBER, true},
+                {NOT_A_NUMBER, 60.0, true}};
     path.blocks = {Block(GOOD, LONG, LAST)};
-    for (const ParameterCase& parameters : cases) {
-        EXPECT_TRUE(device.SetSimuParam(&path, parameters.timeStep, parameters.speed)) << parameters.rule;
-        EXPECT_EQ(device.BeginSimu(), parameters.begins) << parameters.rule;
+    for (const auto& [timeStep, speed, begins] : ROWS) {
+        EXPECT_TRUE(device.SetSimuParam(&path, timeStep, speed));
+        EXPECT_EQ(device.BeginSimu(), begins) << timeStep << ' ' << speed;
     }
 }
 
-TEST_F(Drive, BadParametersUnderWayEndIt)
+TEST_F(Drive, EndsUnderWayWithABadStepAndWithoutItsRoute)
 {
-    path.blocks = {Block(GOOD, LONG, LAST)};
+    path.blocks = {Block(GOOD, LONG, 1.0), Block(GOOD, LONG, LAST)};
     for (const double timeStep : {0.0, -1.0, NOT_A_NUMBER}) {
         ASSERT_TRUE(Begin(1.0));
         ASSERT_TRUE(device.GetGPSData(record));
         device.SetSimuParam(&path, timeStep, 3.6);
         EXPECT_FALSE(device.GetGPSData(record));
     }
-}
-
-TEST_F(Drive, RouteTakenAwayUnderWayEndsItAtTheNextBlock)
-{
-    path.blocks = {Block(GOOD, LONG, 1.0), Block(GOOD, LONG, LAST)};
     ASSERT_TRUE(Begin(100.0));
     EXPECT_TRUE(device.SetSimuParam(nullptr, 100.0, 3.6));
-    EXPECT_FALSE(device.GetGPSData(record));
-}
-
-TEST_F(Drive, RouteThatThrowsEndsIt)
-{
-    path.blocks = {Block(GOOD, LONG, 1.0), Block(GOOD, LONG, LAST)};
+    EXPECT_FALSE(device.GetGPSData(record)) << "taken away, so that there is no next block";
     path.throws = true;
     ASSERT_TRUE(Begin(100.0));
     EXPECT_FALSE(device.GetGPSData(record));
