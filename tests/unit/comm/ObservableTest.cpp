@@ -78,20 +78,19 @@ TEST(LockHolder, DropsWhatReleaseThrows)
     class ThrowsOnRelease final : public KestThread::Lockable
     {
     public:
-        void acquire() KEST_NO_THREAD_SAFETY_ANALYSIS override { calls += "acquire "; }
+        void acquire() KEST_NO_THREAD_SAFETY_ANALYSIS override {}
         bool tryAcquire() KEST_NO_THREAD_SAFETY_ANALYSIS override { return false; }
         void release() KEST_NO_THREAD_SAFETY_ANALYSIS override
         {
-            calls += "release";
+            ++releases;
             throw std::runtime_error("release");
         }
-        std::string calls;
+        int releases = 0;
     } lock;
     {
         const KestThread::LockGuard guard(lock);
-        EXPECT_EQ(lock.calls, "acquire ");
     }
-    EXPECT_EQ(lock.calls, "acquire release");
+    EXPECT_EQ(lock.releases, 1);
 }
 
 } // namespace

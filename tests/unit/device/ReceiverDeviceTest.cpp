@@ -1,7 +1,6 @@
 // The receiver as an application meets it, on a faked port and faked threads.
 #include "GpsLib/device/CGPSCOMDevice.h"
 
-#include <cstring>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,6 +13,7 @@ namespace
 
 using Fake = FakeSerialCalls;
 using support::Gga;
+using Ids = std::vector<std::uint16_t>;
 
 class Receiver : public support::FakeWorld
 {
@@ -43,6 +43,14 @@ protected:
         return data;
     }
 
+    /// Result: whether it opens and takes a fix.
+    bool OpensAndWorks()
+    {
+        const bool opens = device->OpenGPS();
+        Feed(Gga(121, 31));
+        return opens && Current().lonLat.lon == 121.0;
+    }
+
     std::unique_ptr<GPS::CGPSCOMDevice> device = std::make_unique<GPS::CGPSCOMDevice>();
 };
 
@@ -66,8 +74,7 @@ TEST_F(Receiver, OpenAndClosedDevicesStayAsTheyAre)
 {
     device->CloseGPS();
     EXPECT_TRUE(Fake::journal.empty());
-    ASSERT_TRUE(device->OpenGPS());
-    Feed(Gga(121, 31));
+    ASSERT_TRUE(OpensAndWorks());
     Fake::journal.clear();
     device->SetGPSCOMParam(4, 9600, 0, 8, 0);
     EXPECT_TRUE(device->OpenGPS());
@@ -83,8 +90,7 @@ TEST_F(Receiver, OpenAndClosedDevicesStayAsTheyAre)
     EXPECT_EQ(Current().lonLat.lon, 121.0) << "records survive";
     FakeEventHouse::ids.clear();
     Feed(Gga(121, 31));
-    EXPECT_EQ(FakeEventHouse::ids, std::vector<std::uint16_t>{1001})
-        << "compared with those before the close";
+    EXPECT_EQ(FakeEventHouse::ids, Ids{1001}) << "no move against those before the close";
 }
 
 TEST_F(Receiver, OpeningThatFailsLeavesItClosedForAnotherTry)
@@ -101,9 +107,7 @@ TEST_F(Receiver, OpeningThatFailsLeavesItClosedForAnotherTry)
     }
     Fake::failing.clear();
     FakeThread::refuses = false;
-    EXPECT_TRUE(device->OpenGPS());
-    Feed(Gga(121, 31));
-    EXPECT_EQ(Current().lonLat.lon, 121.0);
+    EXPECT_TRUE(OpensAndWorks());
 }
 
 TEST_F(Receiver, CloseThatFailsLeavesTheDeviceClosed)
@@ -115,9 +119,7 @@ TEST_F(Receiver, CloseThatFailsLeavesTheDeviceClosed)
     EXPECT_FALSE(device->OpenGPS()) << "the platform still has it open";
     Fake::failing.clear();
     Fake::open = false;
-    EXPECT_TRUE(device->OpenGPS());
-    Feed(Gga(121, 31));
-    EXPECT_EQ(Current().lonLat.lon, 121.0);
+    EXPECT_TRUE(OpensAndWorks());
 }
 
 TEST_F(Receiver, EachOpeningBeginsWithAnEmptySentenceAndEpoch)
@@ -125,9 +127,7 @@ TEST_F(Receiver, EachOpeningBeginsWithAnEmptySentenceAndEpoch)
     ASSERT_TRUE(device->OpenGPS());
     Feed(support::Vtg("50.0") + Gga(121, 31).substr(0, 8));
     device->CloseGPS();
-    ASSERT_TRUE(device->OpenGPS());
-    Feed(Gga(121, 31));
-    EXPECT_EQ(Current().lonLat.lon, 121.0);
+    EXPECT_TRUE(OpensAndWorks());
     EXPECT_EQ(Current().speed, 0.0);
 }
 
@@ -137,7 +137,7 @@ TEST_F(Receiver, CloseFromInsideAnyEventChangesNothing)
     FakeEventHouse::onSend = [this](const event::CustomEvent&) { device->CloseGPS(); };
     FakeTickCount::Set(61000);
     Feed(Gga(120, 31, 0) + Gga(121, 31));
-    EXPECT_EQ(FakeEventHouse::ids, (std::vector<std::uint16_t>{1004, 1003, 1001, 1002, 1001}));
+    EXPECT_EQ(FakeEventHouse::ids, (Ids{1004, 1003, 1001, 1002, 1001}));
     EXPECT_TRUE(Fake::open);
     Feed(Gga(122, 31));
     EXPECT_EQ(Current().lonLat.lon, 122.0);
@@ -146,29 +146,20 @@ TEST_F(Receiver, CloseFromInsideAnyEventChangesNothing)
 /// What the five getters answer. lastLon: of the last valid epoch.
 void ExpectAnswers(GPS::CGPSCOMDevice& device, bool valid, double lastLon)
 {
-    const std::string mark(sizeof(_GPS_Data), 'Z');
     _GPS_Data data;
-    _GPS_Data_Without_Sate narrow;
-    _GPS_Satellite satellite;
-    std::memcpy(static_cast<void*>(&data), mark.data(), sizeof data);
-    std::memcpy(&narrow, mark.data(), sizeof narrow);
-    std::memcpy(&satellite, mark.data(), sizeof satellite);
+    _GPS_Data_Without_Sate narrow{};
+    _GPS_Satellite satellite{};
+    const auto before = support::BytesOf(data);
     EXPECT_EQ(device.IsGPSValid(), valid);
     EXPECT_EQ(device.GetGPSData(data), valid);
     EXPECT_EQ(device.GetGPSDataWithoutSate(narrow), valid);
     EXPECT_EQ(device.GetWholeSate(satellite), valid);
-    if (valid) {
-        EXPECT_EQ(data.lonLat.lon, lastLon);
-        EXPECT_EQ(narrow.lonLat.lon, lastLon);
-        EXPECT_EQ(satellite.prn[6], 7);
-        EXPECT_EQ(data.satellite.prn[6], 7);
-    } else {
-        EXPECT_EQ(std::string(reinterpret_cast<char*>(&data), sizeof data), mark) << "untouched";
-        EXPECT_EQ(narrow.valid, 'Z');
-        EXPECT_EQ(satellite.prn[6], 'Z');
-    }
+    EXPECT_EQ(support::BytesOf(data) == before, !valid);
+    EXPECT_EQ(narrow.lonLat.lon, valid ? lastLon : 0.0);
+    EXPECT_EQ(satellite.prn[6], valid ? 7 : 0);
     EXPECT_TRUE(device.GetLastValidData(data));
     EXPECT_EQ(data.lonLat.lon, lastLon);
+    EXPECT_EQ(data.satellite.prn[6], lastLon == NO_POSITION_LON ? GPS_SATELLITE_EMPTY : 7);
 }
 
 const std::string GSV = support::Sentence("GPGSV,1,1,01,07,40,083,46");
@@ -190,18 +181,17 @@ TEST_F(Receiver, GettersSpeakOfTheLastClosedEpoch)
 TEST_F(Receiver, CopiesShareOneDeviceInWhateverOrderTheyDie)
 {
     auto copy = std::make_unique<GPS::CGPSCOMDevice>(*device);
-    auto assigned = std::make_unique<GPS::CGPSCOMDevice>();
-    *assigned = *device;
-    *assigned = *copy;
-    const GPS::CGPSCOMDevice& itself = *assigned;
-    *assigned = itself;
+    GPS::CGPSCOMDevice assigned;
+    assigned = *device;
+    assigned = *copy;
+    assigned = *&assigned;
     ASSERT_TRUE(device->OpenGPS());
     device.reset();
     Feed(GSV + Gga(121, 31));
     ExpectAnswers(*copy, true, 121.0);
     copy.reset();
-    ExpectAnswers(*assigned, true, 121.0);
-    assigned->CloseGPS();
+    ExpectAnswers(assigned, true, 121.0);
+    assigned.CloseGPS();
 }
 
 TEST_F(Receiver, FilterIsSwitchedFromTheNextEpochOn)

@@ -15,6 +15,7 @@ using support::operator<<;
 using Ids = std::vector<std::uint16_t>;
 
 const std::string GGA = support::Gga(121, 31);
+const std::string NO_END = GGA.substr(0, GGA.size() - 2);
 const std::string VTG = support::Vtg("50.0"); // its speed marks what an epoch has gathered
 const std::string RMC = Sentence("GPRMC,101500,A,3100.000,N,12100.000,E,10.0,90.0,010203");
 const std::string FOREIGN = Sentence("GLGSV,1,1,00");
@@ -70,10 +71,7 @@ const StreamCase STREAM_CASES[] = {
     {"CutSentenceLeavesTheRecordUntilItsRestWipes", {RMC + GGA.substr(0, 9)}, FIX, 10.0 * 1.852},
     {"RestOfNineEndsAtTheDollar", {VTG.substr(0, VTG.size() - 9), Tail(VTG, 9) + GGA}, FIX, 0.0},
     {"RestOfEightTakesTheNextSentenceAlong", {VTG.substr(0, VTG.size() - 8), Tail(VTG, 8) + GGA}, {}, NO_FIX},
-    {"LoneCrLfSpoilsTheNextSentence",
-     {GGA.substr(0, GGA.size() - 2), "\r\n" + VTG + GGA},
-     {1002, 1001, 1001},
-     0.0},
+    {"LoneCrLfSpoilsTheNextSentence", {NO_END, "\r\n" + VTG + GGA}, {1002, 1001, 1001}, 0.0},
     {"TailOfASentenceAtTheStartDoesNoHarm", {Tail(GGA, 12) + VTG + GGA}, FIX, 50.0},
     {"EightBytesBeforeADollarAreNotCutOff", {"noise..." + VTG + GGA}, FIX, 0.0},
     {"NineBytesBeforeADollarAreCutOff", {"noise...." + VTG + GGA}, FIX, 50.0},

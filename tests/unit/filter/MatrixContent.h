@@ -1,49 +1,27 @@
 // MatrixContent.h: matrices written and compared as rows of numbers.
 #pragma once
 
-#include <initializer_list>
-#include <ostream>
 #include <vector>
 
 #include "GpsLib/filter/CMatrix.h"
 
-/// A matrix as its shape and its elements, row after row. Compared exactly.
-struct MatrixContent {
-    int rows;
-    int cols;
-    std::vector<double> elements;
+/// Row after row, compared exactly.
+using Rows = std::vector<std::vector<double>>;
 
-    bool operator==(const MatrixContent& other) const
-    {
-        return rows == other.rows && cols == other.cols && elements == other.elements;
-    }
-};
-
-inline void PrintTo(const MatrixContent& content, std::ostream* out)
-{
-    *out << content.rows << " by " << content.cols << ':';
-    for (const double element : content.elements) {
-        *out << ' ' << element;
-    }
-}
-
-using Rows = std::initializer_list<std::initializer_list<double>>;
-
-inline GPS::CMatrix Matrix(Rows rows)
+inline GPS::CMatrix Matrix(const Rows& rows)
 {
     std::vector<double> elements;
-    for (const auto& row : rows) {
-        elements.insert(elements.end(), row);
+    for (const std::vector<double>& row : rows) {
+        elements.insert(elements.end(), row.begin(), row.end());
     }
-    const auto rowCount = static_cast<int>(rows.size());
-    return {elements.data(), static_cast<int>(elements.size()) / rowCount, rowCount};
+    return {elements.data(), static_cast<int>(rows.front().size()), static_cast<int>(rows.size())};
 }
 
-inline MatrixContent ContentOf(const GPS::CMatrix& matrix)
+inline Rows RowsOf(const GPS::CMatrix& matrix)
 {
-    MatrixContent content{matrix.Rows(), matrix.Transpose().Rows(), {}};
-    for (int r = 0; r < content.rows; ++r) {
-        content.elements.insert(content.elements.end(), matrix[r], matrix[r] + content.cols);
+    Rows rows;
+    for (int r = 0; r < matrix.Rows(); ++r) {
+        rows.emplace_back(matrix[r], matrix[r] + matrix.Transpose().Rows());
     }
-    return content;
+    return rows;
 }

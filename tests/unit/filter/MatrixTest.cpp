@@ -14,18 +14,18 @@ const CMatrix EMPTY;
 const CMatrix ANY = Matrix({{1, 2, 3}, {4, 5, 6}}); // 2 by 3
 const CMatrix TALL = Matrix({{1, 2}, {3, 4}, {5, 6}});
 const CMatrix SINGLE = Matrix({{7}});
-const MatrixContent NOTHING{0, 0, {}};
-const MatrixContent ONE{1, 1, {1}};
+const Rows NOTHING;
+const Rows ONE{{1}};
 
 TEST(Matrix, ConstructorsGiveTheirShapes)
 {
     const double values[] = {1, 2, 3, 4, 5, 6};
-    EXPECT_EQ(ContentOf(CMatrix()), NOTHING);
-    EXPECT_EQ(ContentOf(CMatrix(-1)), NOTHING);
-    EXPECT_EQ(ContentOf(CMatrix(3)), (MatrixContent{3, 3, {1, 0, 0, 0, 1, 0, 0, 0, 1}}));
-    EXPECT_EQ(ContentOf(CMatrix(values, 3)), (MatrixContent{3, 1, {1, 2, 3}}));
-    EXPECT_EQ(ContentOf(CMatrix(values, 3, 2)), (MatrixContent{2, 3, {1, 2, 3, 4, 5, 6}})); // columns first
-    EXPECT_EQ(ContentOf(CMatrix(nullptr, 1, 2)), (MatrixContent{2, 1, {0, 0}}));
+    EXPECT_EQ(RowsOf(CMatrix()), NOTHING);
+    EXPECT_EQ(RowsOf(CMatrix(-1)), NOTHING);
+    EXPECT_EQ(RowsOf(CMatrix(3)), (Rows{{1, 0, 0}, {0, 1, 0}, {0, 0, 1}}));
+    EXPECT_EQ(RowsOf(CMatrix(values, 3)), (Rows{{1}, {2}, {3}}));
+    EXPECT_EQ(RowsOf(CMatrix(values, 3, 2)), (Rows{{1, 2, 3}, {4, 5, 6}})); // columns first
+    EXPECT_EQ(RowsOf(CMatrix(nullptr, 1, 2)), (Rows{{0}, {0}}));
 }
 
 TEST(Matrix, RowsOutsideAreNullAndCopyOutGoesColumnAfterColumn)
@@ -46,14 +46,14 @@ TEST(Matrix, CopiesShareNothing)
     assigned = ANY; // takes over the shape
     copy[0][0] = -1.0;
     assigned[1][2] = -2.0;
-    EXPECT_EQ(ContentOf(ANY), (MatrixContent{2, 3, {1, 2, 3, 4, 5, 6}}));
-    EXPECT_EQ(ContentOf(copy), (MatrixContent{2, 3, {-1, 2, 3, 4, 5, 6}}));
-    EXPECT_EQ(ContentOf(assigned), (MatrixContent{2, 3, {1, 2, 3, 4, 5, -2}}));
+    EXPECT_EQ(RowsOf(ANY), (Rows{{1, 2, 3}, {4, 5, 6}}));
+    EXPECT_EQ(RowsOf(copy), (Rows{{-1, 2, 3}, {4, 5, 6}}));
+    EXPECT_EQ(RowsOf(assigned), (Rows{{1, 2, 3}, {4, 5, -2}}));
     const double* const array = assigned[0];
     assigned = *&assigned;
     EXPECT_EQ(assigned[0], array);
     assigned = EMPTY;
-    EXPECT_EQ(ContentOf(assigned), NOTHING);
+    EXPECT_EQ(RowsOf(assigned), NOTHING);
 }
 
 TEST(Matrix, Products)
@@ -62,44 +62,44 @@ TEST(Matrix, Products)
         const char* rule;
         CMatrix left;
         CMatrix right;
-        MatrixContent result;
+        Rows result;
     } ROWS[] = {
-        {"shapes fit", ANY, TALL, {2, 2, {22, 28, 49, 64}}},
-        {"shapes fit the other way", TALL, ANY, {3, 3, {9, 12, 15, 19, 26, 33, 29, 40, 51}}},
-        {"column by row", Matrix({{1}, {2}}), Matrix({{3, 4}}), {2, 2, {3, 4, 6, 8}}},
-        {"single scales from the left", SINGLE, TALL, {3, 2, {7, 14, 21, 28, 35, 42}}},
-        {"single scales from the right", TALL, SINGLE, {3, 2, {7, 14, 21, 28, 35, 42}}},
-        {"single scales a column it would fit", SINGLE, Matrix({{1, 2}}), {1, 2, {7, 14}}},
-        {"shapes that don't fit leave the left one", ANY, Matrix({{1, 2}, {3, 4}}), ContentOf(ANY)},
+        {"shapes fit", ANY, TALL, {{22, 28}, {49, 64}}},
+        {"shapes fit the other way", TALL, ANY, {{9, 12, 15}, {19, 26, 33}, {29, 40, 51}}},
+        {"column by row", Matrix({{1}, {2}}), Matrix({{3, 4}}), {{3, 4}, {6, 8}}},
+        {"single scales from the left", SINGLE, TALL, {{7, 14}, {21, 28}, {35, 42}}},
+        {"single scales from the right", TALL, SINGLE, {{7, 14}, {21, 28}, {35, 42}}},
+        {"single scales a column it would fit", SINGLE, Matrix({{1, 2}}), {{7, 14}}},
+        {"shapes that don't fit leave the left one", ANY, Matrix({{1, 2}, {3, 4}}), RowsOf(ANY)},
         {"single by the empty matrix", SINGLE, EMPTY, NOTHING},
         {"the empty matrix by any", EMPTY, ANY, NOTHING},
-        {"terms are summed from 0 upward", Matrix({{1e16, -1e16, 1}}), Matrix({{1}, {1}, {1}}), {1, 1, {1}}},
+        {"terms are summed from 0 upward", Matrix({{1e16, -1e16, 1}}), Matrix({{1}, {1}, {1}}), {{1}}},
     };
     for (const auto& row : ROWS) {
-        EXPECT_EQ(ContentOf(row.left * row.right), row.result) << row.rule;
+        EXPECT_EQ(RowsOf(row.left * row.right), row.result) << row.rule;
     }
-    EXPECT_EQ(ContentOf(ANY * 2.0), (MatrixContent{2, 3, {2, 4, 6, 8, 10, 12}}));
-    EXPECT_EQ(ContentOf(2.0 * ANY), (MatrixContent{2, 3, {2, 4, 6, 8, 10, 12}}));
+    EXPECT_EQ(RowsOf(ANY * 2.0), (Rows{{2, 4, 6}, {8, 10, 12}}));
+    EXPECT_EQ(RowsOf(2.0 * ANY), (Rows{{2, 4, 6}, {8, 10, 12}}));
 }
 
 TEST(Matrix, SumAndDifference)
 {
     const CMatrix other = Matrix({{10, 20, 30}, {40, 50, 60}});
-    EXPECT_EQ(ContentOf(other + ANY), (MatrixContent{2, 3, {11, 22, 33, 44, 55, 66}}));
-    EXPECT_EQ(ContentOf(other - ANY), (MatrixContent{2, 3, {9, 18, 27, 36, 45, 54}}));
-    EXPECT_EQ(ContentOf(EMPTY + EMPTY), NOTHING);
+    EXPECT_EQ(RowsOf(other + ANY), (Rows{{11, 22, 33}, {44, 55, 66}}));
+    EXPECT_EQ(RowsOf(other - ANY), (Rows{{9, 18, 27}, {36, 45, 54}}));
+    EXPECT_EQ(RowsOf(EMPTY + EMPTY), NOTHING);
     const CMatrix* const unfit[][2] = {{&ANY, &TALL}, {&ANY, &SINGLE}, {&SINGLE, &EMPTY}};
     for (const auto& [left, right] : unfit) {
-        EXPECT_EQ(ContentOf(*left + *right), ONE);
-        EXPECT_EQ(ContentOf(*left - *right), ONE);
+        EXPECT_EQ(RowsOf(*left + *right), ONE);
+        EXPECT_EQ(RowsOf(*left - *right), ONE);
     }
-    EXPECT_EQ(ContentOf(CMatrix(nullptr, 4) + CMatrix(nullptr, 6)), ONE);
+    EXPECT_EQ(RowsOf(CMatrix(nullptr, 4) + CMatrix(nullptr, 6)), ONE);
 }
 
 TEST(Matrix, Transpose)
 {
-    EXPECT_EQ(ContentOf(ANY.Transpose()), (MatrixContent{3, 2, {1, 4, 2, 5, 3, 6}}));
-    EXPECT_EQ(ContentOf(EMPTY.Transpose()), NOTHING);
+    EXPECT_EQ(RowsOf(ANY.Transpose()), (Rows{{1, 4}, {2, 5}, {3, 6}}));
+    EXPECT_EQ(RowsOf(EMPTY.Transpose()), NOTHING);
 }
 
 const CMatrix SYMMETRIC = Matrix({{2, 1, 0}, {1, 3, 1}, {0, 1, 4}});
@@ -147,28 +147,28 @@ TEST(Matrix, InverseIsTheAdjugateTimesTheReciprocal)
     constexpr double BY_49 = 1.0 / 49.0; // times 49 it isn't 1, so a division for each element would show
     const struct {
         CMatrix matrix;
-        MatrixContent inverse;
+        Rows inverse;
     } cases[] = {
-        {SINGLE, {1, 1, {1.0 / 7.0}}},
-        {Matrix({{1, 2}, {3, 4}}), {2, 2, {-2, 1, 1.5, -0.5}}},
-        {Matrix({{1, 0}, {0, 49}}), {2, 2, {49 * BY_49, 0, 0, BY_49}}},
+        {SINGLE, {{1.0 / 7.0}}},
+        {Matrix({{1, 2}, {3, 4}}), {{-2, 1}, {1.5, -0.5}}},
+        {Matrix({{1, 0}, {0, 49}}), {{49 * BY_49, 0}, {0, BY_49}}},
         {SYMMETRIC,
-         {3,
-          3,
-          {11 * BY_18, -4 * BY_18, BY_18, -4 * BY_18, 8 * BY_18, -2 * BY_18, BY_18, -2 * BY_18, 5 * BY_18}}},
+         {{11 * BY_18, -4 * BY_18, BY_18},
+          {-4 * BY_18, 8 * BY_18, -2 * BY_18},
+          {BY_18, -2 * BY_18, 5 * BY_18}}},
         {INNOVATION,
-         {4,
-          4,
-          {56 * BY_98, 0, -14 * BY_98, 0, 0, 35 * BY_98, 0, -7 * BY_98, -14 * BY_98, 0, 28 * BY_98, 0, 0,
-           -7 * BY_98, 0, 21 * BY_98}}},
+         {{56 * BY_98, 0, -14 * BY_98, 0},
+          {0, 35 * BY_98, 0, -7 * BY_98},
+          {-14 * BY_98, 0, 28 * BY_98, 0},
+          {0, -7 * BY_98, 0, 21 * BY_98}}},
     };
     for (const auto& [matrix, inverse] : cases) {
         CMatrix out = TALL;
         EXPECT_TRUE(matrix.Inverse(out));
-        EXPECT_EQ(ContentOf(out), inverse);
+        EXPECT_EQ(RowsOf(out), inverse);
         CMatrix itself = matrix;
         EXPECT_TRUE(itself.Inverse(itself));
-        EXPECT_EQ(ContentOf(itself), inverse);
+        EXPECT_EQ(RowsOf(itself), inverse);
     }
 }
 
@@ -180,8 +180,8 @@ TEST(Matrix, InverseThatFailsLeavesItsTarget)
         EXPECT_FALSE(singular.Inverse(out));
         EXPECT_FALSE(singular.Inverse(empty));
     }
-    EXPECT_EQ(ContentOf(out), ContentOf(TALL));
-    EXPECT_EQ(ContentOf(empty), NOTHING);
+    EXPECT_EQ(RowsOf(out), RowsOf(TALL));
+    EXPECT_EQ(RowsOf(empty), NOTHING);
 }
 
 TEST(Matrix, CountBeyond32BitsOfBytesIsNoMemory)
@@ -192,7 +192,7 @@ TEST(Matrix, CountBeyond32BitsOfBytesIsNoMemory)
     CMatrix target = TALL;
     const CMatrix column(nullptr, 30000);
     EXPECT_THROW(target = column * column.Transpose(), std::bad_alloc);
-    EXPECT_EQ(ContentOf(target), ContentOf(TALL));
+    EXPECT_EQ(RowsOf(target), RowsOf(TALL));
 }
 
 } // namespace

@@ -30,35 +30,30 @@ public:
 
     void Step(double unit, double q, double place, double velocity)
     {
-        const Square F{{{1, unit, unit / 2}, {0, 1, 1}, {0, 0, q}}};
-        const std::array<double, 3> Q{1e-11, 0.001, 0.1};
-        std::array<double, 3> predicted{};
-        Square half{};
-        Square cov{};
-        for (std::size_t i = 0; i < 3; ++i) {
-            for (std::size_t k = 0; k < 3; ++k) {
-                predicted[i] += F[i][k] * x[k];
-                for (std::size_t j = 0; j < 3; ++j) {
-                    half[i][j] += F[i][k] * P[k][j];
-                }
+        const auto carry = [unit, q](Vector& v) {
+            v = {v[0] + unit * v[1] + unit / 2 * v[2], v[1] + v[2], q * v[2]};
+        };
+        carry(x);
+        for (int side = 0; side < 2; ++side) { // of P: one, and by the transposed the other
+            for (Vector& row : P) {
+                carry(row);
             }
+            P = {{{P[0][0], P[1][0], P[2][0]}, {P[0][1], P[1][1], P[2][1]}, {P[0][2], P[1][2], P[2][2]}}};
         }
+        P[0][0] += 1e-11;
+        P[1][1] += 0.001;
+        P[2][2] += 0.1;
+        const double a = P[0][0] + 4e-8;
+        const double d = P[1][1] + 25.0;
+        const double determinant = a * d - P[0][1] * P[1][0];
+        const Vector miss{place - x[0], velocity - x[1]};
+        const auto predicted = P;
         for (std::size_t i = 0; i < 3; ++i) {
+            const double gain0 = (predicted[i][0] * d - predicted[i][1] * predicted[1][0]) / determinant;
+            const double gain1 = (predicted[i][1] * a - predicted[i][0] * predicted[0][1]) / determinant;
+            x[i] += gain0 * miss[0] + gain1 * miss[1];
             for (std::size_t j = 0; j < 3; ++j) {
-                cov[i][j] = half[i][0] * F[j][0] + half[i][1] * F[j][1] + half[i][2] * F[j][2] +
-                            (i == j ? Q[i] : 0.0);
-            }
-        }
-        const double a = cov[0][0] + 4e-8;
-        const double d = cov[1][1] + 25.0;
-        const double determinant = a * d - cov[0][1] * cov[1][0];
-        const double miss[] = {place - predicted[0], velocity - predicted[1]};
-        for (std::size_t i = 0; i < 3; ++i) {
-            const double gain0 = (cov[i][0] * d - cov[i][1] * cov[1][0]) / determinant;
-            const double gain1 = (cov[i][1] * a - cov[i][0] * cov[0][1]) / determinant;
-            x[i] = predicted[i] + gain0 * miss[0] + gain1 * miss[1];
-            for (std::size_t j = 0; j < 3; ++j) {
-                P[i][j] = cov[i][j] - gain0 * cov[0][j] - gain1 * cov[1][j];
+                P[i][j] -= gain0 * predicted[0][j] + gain1 * predicted[1][j];
             }
         }
     }
@@ -67,22 +62,24 @@ public:
     double Velocity() const { return x[1]; }
 
 private:
-    using Square = std::array<std::array<double, 3>, 3>;
-    std::array<double, 3> x{};
-    Square P{};
+    using Vector = std::array<double, 3>;
+    Vector x{};
+    std::array<Vector, 3> P{};
 };
+
+using Data = _GPS_Filter_Data;
 
 class TextbookFilter
 {
 public:
-    void Seed(const _GPS_Filter_Data& fix)
+    void Seed(const Data& fix)
     {
         east.Seed(fix.lonLat.lon, East(fix));
         north.Seed(fix.lonLat.lat, North(fix));
         lastHeading = fix.heading;
     }
 
-    void Step(_GPS_Filter_Data& fix)
+    void Step(Data& fix)
     {
         const double eastward = East(fix);
         const double northward = North(fix);
@@ -99,30 +96,24 @@ public:
     }
 
 private:
-    static constexpr double DEGREE = 3.14159265358979323846 / 180.0;
-    static double East(const _GPS_Filter_Data& fix)
-    {
-        return fix.speed / 3.6 * std::sin(fix.heading * DEGREE);
-    }
-    static double North(const _GPS_Filter_Data& fix)
-    {
-        return fix.speed / 3.6 * std::cos(fix.heading * DEGREE);
-    }
+    static double Radians(const Data& fix) { return fix.heading * (3.14159265358979323846 / 180.0); }
+    static double East(const Data& fix) { return fix.speed / 3.6 * std::sin(Radians(fix)); }
+    static double North(const Data& fix) { return fix.speed / 3.6 * std::cos(Radians(fix)); }
 
     TextbookAxis east;
     TextbookAxis north;
     double lastHeading = 0.0;
 };
 
-_GPS_Filter_Data Fix(double lon, double lat, double speed, double heading)
+Data Fix(double lon, double lat, double speed, double heading)
 {
     return {{lon, lat}, speed, heading, 1e-5, 9e-6, true};
 }
 
 /// Field by field, exactly; NaN equals itself.
-void ExpectSame(const _GPS_Filter_Data& fix, const _GPS_Filter_Data& expected)
+void ExpectSame(const Data& fix, const Data& expected)
 {
-    const auto fields = [](const _GPS_Filter_Data& data) {
+    const auto fields = [](const Data& data) {
         return BytesOf(std::array<double, 7>{data.lonLat.lon, data.lonLat.lat, data.speed, data.heading,
                                              data.unitDegreeLon, data.unitDegreeLat, data.valid ? 1.0 : 0.0});
     };
@@ -132,13 +123,13 @@ void ExpectSame(const _GPS_Filter_Data& fix, const _GPS_Filter_Data& expected)
 class Smoothing : public testing::Test
 {
 protected:
-    _GPS_Filter_Data Filtered(_GPS_Filter_Data fix) const
+    Data Filtered(Data fix) const
     {
         filter->Filter(fix);
         return fix;
     }
 
-    void Seed(const _GPS_Filter_Data& fix)
+    void Seed(const Data& fix)
     {
         ExpectSame(Filtered(fix), fix);
         textbook.Seed(fix);
@@ -147,10 +138,10 @@ protected:
     /// Positions may differ by units of the last place of 121 degrees, 1e-14; speeds by more, since the
     /// factor of 18 raises the covariance of the acceleration to 1e4 and its rounding with it, to some 1e-10
     /// m/s. The filter forgets, so that nothing adds up.
-    _GPS_Filter_Data StepAlike(const _GPS_Filter_Data& fix)
+    Data StepAlike(const Data& fix)
     {
-        const _GPS_Filter_Data smoothed = Filtered(fix);
-        _GPS_Filter_Data expected = fix;
+        const Data smoothed = Filtered(fix);
+        Data expected = fix;
         textbook.Step(expected);
         EXPECT_NEAR(smoothed.lonLat.lon, expected.lonLat.lon, 1e-12);
         EXPECT_NEAR(smoothed.lonLat.lat, expected.lonLat.lat, 1e-12);
@@ -165,9 +156,9 @@ protected:
 
 TEST_F(Smoothing, WorkedExample)
 {
-    const _GPS_Filter_Data first = Fix(121.0, 31.0, 36.0, 90.0);
+    const Data first = Fix(121.0, 31.0, 36.0, 90.0);
     ExpectSame(Filtered(first), first);
-    const _GPS_Filter_Data second = Filtered(Fix(121.0001, 31.00001, 36.0, 92.0));
+    const Data second = Filtered(Fix(121.0001, 31.00001, 36.0, 92.0));
     EXPECT_NEAR(second.lonLat.lon, 121.00010105, 5e-9); // half a unit of the last digit worked out
     EXPECT_NEAR(second.lonLat.lat, 31.00000216, 5e-9);
     EXPECT_NEAR(second.speed, 37.5139826, 5e-8);
@@ -213,7 +204,7 @@ TEST_F(Smoothing, AgreesWithATextbookFilterAtAllSpeedsAndHeadings)
     const auto between = [&random](double low, double high) {
         return low + (high - low) * static_cast<double>(random()) / 4294967295.0;
     };
-    _GPS_Filter_Data fix = Fix(121.0, -31.0, 0.0, 0.0);
+    Data fix = Fix(121.0, -31.0, 0.0, 0.0);
     double lastHeading = 0.0;
     for (int i = 0; i < 200; ++i) {
         fix.lonLat = {fix.lonLat.lon + between(-3e-4, 3e-4), fix.lonLat.lat + between(-3e-4, 3e-4)};
@@ -233,12 +224,12 @@ TEST_F(Smoothing, InvalidFixComesBackAndBreaksTheRun)
 {
     Filtered(Fix(10.0, 20.0, 100.0, 300.0));
     Filtered(Fix(10.1, 20.1, 90.0, 10.0));
-    _GPS_Filter_Data invalid = Fix(std::nan(""), HUGE_VAL, -1.0, 77.0);
+    Data invalid = Fix(std::nan(""), HUGE_VAL, -1.0, 77.0);
     invalid.valid = false;
     ExpectSame(Filtered(invalid), invalid);
-    const _GPS_Filter_Data seed = Fix(121.0, 31.0, 3.0, 90.0);
+    const Data seed = Fix(121.0, 31.0, 3.0, 90.0);
     ExpectSame(Filtered(seed), seed);
-    const _GPS_Filter_Data afterBreak = Filtered(Fix(121.0001, 31.0001, 3.0, 100.0));
+    const Data afterBreak = Filtered(Fix(121.0001, 31.0001, 3.0, 100.0));
 
     filter.reset(GPS::CGPSFilter::Make()); // nothing of the run before is left, bit for bit
     Filtered(seed);
@@ -255,7 +246,7 @@ TEST_F(Smoothing, OfARecordRewritesPositionSpeedAndHeadingAlone)
         record.speed = 4.0;
         record.heading = 90.0 + i * 7.0;
         record.valid = i == 2 ? 0 : 1;
-        _GPS_Filter_Data data = Fix(record.lonLat.lon, record.lonLat.lat, record.speed, record.heading);
+        Data data = Fix(record.lonLat.lon, record.lonLat.lat, record.speed, record.heading);
         GetUnitDegree(record.lonLat, data.unitDegreeLon, data.unitDegreeLat); // before smoothing
         data.valid = record.valid == 1;
         beside->Filter(data);

@@ -23,34 +23,33 @@ const std::string GGA = Sentence("GPGGA,101500,3114.250,N,12129.500,E,1,08,0.9,1
 const std::string GGA_NEXT = Sentence("GPGGA,101501,3114.300,N,12129.600,E,1,09,0.9,13.5,M,,M,,");
 const std::string GGA_NO_FIX = Sentence("GPGGA,101502,3114.300,N,12129.600,E,0,00,0.9,13.5,M,,M,,");
 const std::string GGA_NO_POSITION = Sentence("GPGGA,101503,,,,,0,00,,,M,,M,,");
+const std::string LINE_OF_83 = Sentence("GPGGA" + std::string(71, ',')).insert(6, 1, 'x');
 const std::string FOREIGN = Sentence("GLGSV,1,1,00");
 
 class Replay : public testing::Test
 {
 protected:
-    bool Open(const std::string& bytes)
-    {
-        std::string path = folder.File("log", bytes);
-        return device.OpenLogFileForRead(path.data());
-    }
+    bool OpenPath(std::string path) { return device.OpenLogFileForRead(path.data()); }
+    bool Open(const std::string& bytes) { return OpenPath(folder.File("log", bytes)); }
+    bool Next() { return device.GetGPSData(fix); }
 
     support::TemporaryFolder folder;
     CGPSLogDevice device;
+    _GPS_Data fix;
 };
 
 TEST_F(Replay, EpochsBuildUpAsTheyDoLive)
 {
     ASSERT_TRUE(Open(GSA + RMC + GGA + GGA_NEXT));
-    _GPS_Data fix;
-    ASSERT_TRUE(device.GetGPSData(fix));
+    ASSERT_TRUE(Next());
     EXPECT_EQ(fix.satUsed, 8);
     EXPECT_EQ(fix.speed, 10.0 * 1.852);
     EXPECT_EQ(fix.satellite.used[6], 1);
-    ASSERT_TRUE(device.GetGPSData(fix));
+    ASSERT_TRUE(Next());
     EXPECT_EQ(fix.satUsed, 9);
     EXPECT_EQ(fix.speed, 0.0) << "the record begins each time from nothing";
-    EXPECT_FALSE(device.GetGPSData(fix));
-    EXPECT_FALSE(device.GetGPSData(fix)) << "and stays at the end";
+    EXPECT_FALSE(Next());
+    EXPECT_FALSE(Next()) << "and stays at the end";
 }
 
 std::string WithBareLf(std::string text)
@@ -79,14 +78,12 @@ TEST_F(Replay, GgaEndsARecordThatHasALongitude)
         {"last line needs no line end", GGA.substr(0, GGA.size() - 2), {0}},
         {"longitude zero", Sentence("GPGGA,101504,3114.250,N,00000.000,E,1,08,0.9,12.5,M,,M,,"), {}},
         {"long line comes in pieces", std::string(254, 'x') + RMC + GGA_NO_POSITION, {0}},
-        {"line of 83 bytes is refused",
-         RMC + Sentence("GPGGA" + std::string(71, ',')).insert(6, 1, 'x') + GGA,
-         {0}},
+        {"line of 83 bytes is refused", RMC + LINE_OF_83 + GGA, {0}},
     };
     for (const auto& row : ROWS) {
         std::vector<int> seconds;
         EXPECT_TRUE(Open(row.bytes));
-        for (_GPS_Data fix; device.GetGPSData(fix);) {
+        while (Next()) {
             seconds.push_back(fix.time.second);
         }
         EXPECT_EQ(seconds, row.seconds) << row.rule;
@@ -96,9 +93,8 @@ TEST_F(Replay, GgaEndsARecordThatHasALongitude)
 TEST_F(Replay, NulLineEndsOneCall)
 {
     ASSERT_TRUE(Open(std::string("\0\n", 2) + GGA));
-    _GPS_Data fix;
-    EXPECT_FALSE(device.GetGPSData(fix));
-    EXPECT_TRUE(device.GetGPSData(fix));
+    EXPECT_FALSE(Next());
+    EXPECT_TRUE(Next());
 }
 
 TEST_F(Replay, LastRecordAnswersWithoutReading)
@@ -107,60 +103,50 @@ TEST_F(Replay, LastRecordAnswersWithoutReading)
     _GPS_Satellite satellites{};
     ASSERT_TRUE(Open(GSA + GGA + GGA_NO_FIX));
     EXPECT_FALSE(device.GetWholeSate(satellites)) << "before the first record";
-    _GPS_Data fix;
-    ASSERT_TRUE(device.GetGPSData(fix));
+    ASSERT_TRUE(Next());
     EXPECT_TRUE(device.GetGPSDataWithoutSate(narrow));
     EXPECT_EQ(narrow.altitude, 12.5);
     EXPECT_TRUE(device.GetWholeSate(satellites));
     EXPECT_EQ(satellites.used[2], 1);
-    ASSERT_TRUE(device.GetGPSData(fix));
+    ASSERT_TRUE(Next());
     EXPECT_FALSE(device.GetGPSDataWithoutSate(narrow)) << "the last record has no valid fix";
     EXPECT_FALSE(device.GetWholeSate(satellites));
 }
 
 TEST_F(Replay, WithoutALogTheRecordIsUntouched)
 {
-    _GPS_Data fix;
     fix.altitude = 77.0;
-    EXPECT_FALSE(device.GetGPSData(fix));
+    EXPECT_FALSE(Next());
     EXPECT_FALSE(device.OpenLogFileForRead(nullptr));
     EXPECT_EQ(fix.altitude, 77.0);
 }
 
 TEST_F(Replay, OpeningAgainStartsAnewAndAFailureEndsTheOldLog)
 {
-    _GPS_Data fix;
     ASSERT_TRUE(Open(GGA));
-    ASSERT_TRUE(device.GetGPSData(fix));
+    ASSERT_TRUE(Next());
     ASSERT_TRUE(Open(GGA));
     EXPECT_FALSE(device.OpenLogFileForRead(nullptr)) << "changes nothing";
-    EXPECT_TRUE(device.GetGPSData(fix));
+    EXPECT_TRUE(Next());
     ASSERT_TRUE(Open(GGA));
-    std::string missing = folder.Path("missing");
-    EXPECT_FALSE(device.OpenLogFileForRead(missing.data()));
-    EXPECT_FALSE(device.GetGPSData(fix));
-    std::string directory = folder.Path("");
-    device.OpenLogFileForRead(directory.data());
-    EXPECT_FALSE(device.GetGPSData(fix)) << "a folder gives no line";
+    EXPECT_FALSE(OpenPath(folder.Path("missing")));
+    EXPECT_FALSE(Next());
+    OpenPath(folder.Path(""));
+    EXPECT_FALSE(Next()) << "a folder gives no line";
 }
 
 TEST_F(Replay, SmoothsFromTheSecondFixOn)
 {
-    const std::string second =
-        Sentence("GPRMC,101501,A,3114.300,N,12129.600,E,10.0,045.0,110326,,") + GGA_NEXT;
-    _GPS_Data raw;
-    ASSERT_TRUE(Open(RMC + GGA + second));
-    ASSERT_TRUE(device.GetGPSData(raw));
-    ASSERT_TRUE(device.GetGPSData(raw));
-    _GPS_Data smoothed;
+    const std::string rmcNext = Sentence("GPRMC,101501,A,3114.300,N,12129.600,E,10.0,045.0,110326,,");
     device.OpenFilter();
-    ASSERT_TRUE(Open(RMC + GGA + second));
-    ASSERT_TRUE(device.GetGPSData(smoothed));
-    EXPECT_EQ(smoothed.speed, 10.0 * 1.852) << "the first fix seeds";
-    ASSERT_TRUE(device.GetGPSData(smoothed));
-    EXPECT_LT(smoothed.lonLat.lon, raw.lonLat.lon) << "short of a fix that jumps ahead";
-    EXPECT_GT(smoothed.lonLat.lon, 121.0 + 29.5 / 60.0) << "and ahead of the one before";
-    EXPECT_EQ(smoothed.altitude, raw.altitude);
+    ASSERT_TRUE(Open(RMC + GGA + rmcNext + GGA_NEXT));
+    ASSERT_TRUE(Next());
+    EXPECT_EQ(fix.speed, 10.0 * 1.852) << "the first fix seeds";
+    EXPECT_NEAR(fix.lonLat.lon, 121.0 + 29.5 / 60.0, 1e-12);
+    ASSERT_TRUE(Next());
+    EXPECT_LT(fix.lonLat.lon, 121.0 + 29.59 / 60.0) << "short of a fix that jumps ahead";
+    EXPECT_GT(fix.lonLat.lon, 121.0 + 29.51 / 60.0) << "and ahead of the one before";
+    EXPECT_EQ(fix.altitude, 13.5);
 }
 
 TEST_F(Replay, HostileFilesEndInFalse)
@@ -175,10 +161,9 @@ TEST_F(Replay, HostileFilesEndInFalse)
                                  std::string(100000, '\n'), random};
     for (const std::string& bytes : files) {
         ASSERT_TRUE(Open(bytes));
-        _GPS_Data fix;
         int records = 0;
         for (int calls = 0; calls < 20000; ++calls) { // a line that begins with NUL ends one call alone
-            records += device.GetGPSData(fix) ? 1 : 0;
+            records += Next() ? 1 : 0;
         }
         EXPECT_EQ(records, 0);
     }
@@ -186,29 +171,23 @@ TEST_F(Replay, HostileFilesEndInFalse)
 
 TEST_F(Replay, PipeClosedEarlyEndsInFalse)
 {
-    std::string path = folder.Path("pipe");
+    const std::string path = folder.Path("pipe");
     ASSERT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
     std::thread speaker([&path] { std::ofstream(path) << GSA << RMC.substr(0, 40); });
-    EXPECT_TRUE(device.OpenLogFileForRead(path.data()));
-    _GPS_Data fix;
-    EXPECT_FALSE(device.GetGPSData(fix));
+    EXPECT_TRUE(OpenPath(path));
+    EXPECT_FALSE(Next());
     speaker.join();
 }
 
-// A group that one feed has begun is not finished by another.
-TEST_F(Replay, GroupsOfTwoReplaysDontMix)
+TEST_F(Replay, SatelliteGroupIsItsOwn)
 {
-    const std::string first = Sentence("GPGSV,2,1,02,05,10,100,30");
-    const std::string last = Sentence("GPGSV,2,2,02,09,20,200,40");
-    CGPSLogDevice other;
-    std::string otherPath = folder.File("other", last + GGA);
-    ASSERT_TRUE(Open(first + GGA));
-    ASSERT_TRUE(other.OpenLogFileForRead(otherPath.data()));
-    _GPS_Data fix;
-    ASSERT_TRUE(device.GetGPSData(fix));
-    ASSERT_TRUE(other.GetGPSData(fix));
+    ASSERT_TRUE(Open(Sentence("GPGSV,2,1,02,05,10,100,30") + GGA));
+    ASSERT_TRUE(Next());
+    device = CGPSLogDevice();
+    ASSERT_TRUE(Open(Sentence("GPGSV,2,2,02,09,20,200,40") + GGA));
+    ASSERT_TRUE(Next());
     EXPECT_EQ(fix.satellite.prn[8], 9);
-    EXPECT_EQ(fix.satellite.prn[4], 255) << "from the other log";
+    EXPECT_EQ(fix.satellite.prn[4], 255) << "from the other replay";
 }
 
 TEST_F(Replay, ReadLineGivesLinesWithTheirTrueLength)

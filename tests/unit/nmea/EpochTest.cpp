@@ -62,27 +62,6 @@ const RunCase RUN_CASES[] = {
 };
 INSTANTIATE_TEST_SUITE_P(Rules, Run, testing::ValuesIn(RUN_CASES), support::RuleName());
 
-TEST(Epoch, EachSentenceFillsItsOwn)
-{
-    ParserFeed feed;
-    const char* const earlierRmc = "GPRMC,101518,A,1000.0,S,02000.0,W,022.4,084.4,230394,,";
-    for (const char* const body : {GSA, GSV, earlierRmc, VTG, GGA}) {
-        ASSERT_TRUE(feed.Take(body));
-    }
-    const _GPS_Data& record = feed.record;
-    EXPECT_EQ(record.mask, 0x255U);
-    EXPECT_EQ(record.valid, 1);
-    EXPECT_EQ(record.time.second, 19); // GGA
-    EXPECT_EQ(record.lonLat.lat, 48.0 + 7.038 * 0.016666666666666666);
-    EXPECT_EQ(record.satUsed, 8);
-    EXPECT_EQ(record.date.year, 94); // RMC
-    EXPECT_EQ(record.heading, 54.7); // VTG
-    EXPECT_EQ(record.hdop, 1.3);     // GSA
-    EXPECT_EQ(record.satellite.used[3], 1);
-    EXPECT_EQ(record.satellite.used[4], 0); // in GSA, but not in GSV
-    EXPECT_EQ(record.satellite.azimuth[3], 308);
-}
-
 TEST(Epoch, GgaAloneClosesIt)
 {
     for (const char* const body : {GLL, RMC, VTG, ZDA, GSA, GSV}) {

@@ -28,21 +28,6 @@ TEST(Prefix, ParsesFromItsLastNeededFieldOn)
     }
 }
 
-TEST(Prefix, OfAGroupMessageNeedsANumberAndWholeEntries)
-{
-    const std::string body = "GPGSV,1,1,2,03,10,100,30,04,20,200,40";
-    // Refused: ",1," reads message 0, and each comma before a satellite number reads satellite 0; so does a
-    // number of which "0" alone is left.
-    for (std::size_t length = 5; length <= body.size(); ++length) {
-        const std::string prefix = body.substr(0, length);
-        const std::string tail = prefix.substr(prefix.rfind(',') + 1);
-        const auto commas = std::count(prefix.begin(), prefix.end(), ',');
-        const bool number = commas == 2 || commas == 4 || commas == 8;
-        ParserFeed feed;
-        EXPECT_EQ(feed.Take(prefix), commas == 0 || !(number && (tail.empty() || tail == "0"))) << prefix;
-    }
-}
-
 TEST(HostileSentence, FieldsBehindTheChecksumCount)
 {
     ParserFeed feed;

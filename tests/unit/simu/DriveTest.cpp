@@ -73,6 +73,15 @@ protected:
     /// One metre a second and step, times `metres`.
     bool Begin(double metres) { return device.SetSimuParam(&path, metres, 3.6) && device.BeginSimu(); }
 
+    /// The same along one block of these points.
+    bool BeginAlong(const std::vector<tagLonLat>& along, double metres)
+    {
+        points = along;
+        path.blocks = {Block(points, LONG, LAST)};
+        return Begin(metres);
+    }
+
+    std::vector<tagLonLat> points;
     ScriptedPath path;
     CGPSSimuDevice device;
     _GPS_Data record;
@@ -80,14 +89,10 @@ protected:
 
 TEST_F(Drive, StopsOnEachPointAndDropsTheRestOfTheStep)
 {
-    const std::vector<tagLonLat> points{{0.0, 0.0}, {Metres(40), 0.0}, {Metres(40), Metres(10)}};
-    path.blocks = {Block(points, LONG, LAST)};
-    path.blocks[0].endPoint = {1.0, 2.0};
-    ASSERT_TRUE(Begin(15.0));
-    const double east[] = {Metres(15), Metres(30)};
-    for (const double lon : east) {
+    ASSERT_TRUE(BeginAlong({{0.0, 0.0}, {Metres(40), 0.0}, {Metres(40), Metres(10)}}, 15.0));
+    for (const double metres : {15.0, 30.0}) {
         ASSERT_TRUE(device.GetGPSData(record));
-        EXPECT_NEAR(record.lonLat.lon, lon, 1e-15); // two roundings of about 1e-4
+        EXPECT_NEAR(record.lonLat.lon, Metres(metres), 1e-15); // two roundings of about 1e-4
         EXPECT_EQ(record.heading, 90.0);
     }
     ASSERT_TRUE(device.GetGPSData(record));
@@ -95,8 +100,7 @@ TEST_F(Drive, StopsOnEachPointAndDropsTheRestOfTheStep)
     record.valid = 0;
     EXPECT_FALSE(device.GetGPSData(record)) << "the arrival";
     EXPECT_EQ(record.valid, 1);
-    EXPECT_EQ(record.lonLat.lon, 1.0) << "the end point, wherever it lies";
-    EXPECT_EQ(record.lonLat.lat, 2.0);
+    EXPECT_EQ(record.lonLat.lat, points[2].lat);
     record.valid = 0;
     EXPECT_FALSE(device.GetGPSData(record)) << "nothing behind the end";
     EXPECT_EQ(record.valid, 0);
@@ -104,10 +108,8 @@ TEST_F(Drive, StopsOnEachPointAndDropsTheRestOfTheStep)
 
 TEST_F(Drive, RecordSaysWhatADriveKnows)
 {
-    const std::vector<tagLonLat> points{{10.0, 20.0}, {11.0, 20.0}};
-    path.blocks = {Block(points, LONG, LAST)};
+    ASSERT_TRUE(BeginAlong({{10.0, 20.0}, {11.0, 20.0}}, 1.0));
     ASSERT_TRUE(device.SetSimuParam(&path, 1.0, 400.0));
-    ASSERT_TRUE(device.BeginSimu());
     ASSERT_TRUE(device.GetGPSData(record));
     EXPECT_EQ(record.mask, 862U);
     EXPECT_EQ(record.speed, 300.0) << "the highest there is";
@@ -129,9 +131,7 @@ TEST_F(Drive, HeadingsAreClockwiseFromNorth)
         {{1.0, -1.0}, 135.0}, {{0.0, -1.0}, 180.0}, {{-1.0, -1.0}, 225.0},
         {{-1.0, 0.0}, 270.0}, {{-1.0, 1.0}, 315.0}, {{0.0, 0.0}, 90.0}};
     for (const auto& [to, heading] : ROWS) {
-        const std::vector<tagLonLat> points{{0.0, 0.0}, to, {0.5, 0.5}};
-        path.blocks = {Block(points, LONG, LAST)};
-        ASSERT_TRUE(Begin(1.0));
+        ASSERT_TRUE(BeginAlong({{0.0, 0.0}, to, {0.5, 0.5}}, 1.0));
         ASSERT_TRUE(device.GetGPSData(record));
         EXPECT_NEAR(record.heading, heading, 1e-12); // of a circle of 360: a few roundings
     }
@@ -139,9 +139,7 @@ TEST_F(Drive, HeadingsAreClockwiseFromNorth)
 
 TEST_F(Drive, DiagonalStepsAreMeasuredByTheLongLegAndAThirdOfTheShort)
 {
-    const std::vector<tagLonLat> points{{0.0, 0.0}, {Metres(30), Metres(30)}};
-    path.blocks = {Block(points, LONG, LAST)};
-    ASSERT_TRUE(Begin(10.0));
+    ASSERT_TRUE(BeginAlong({{0.0, 0.0}, {Metres(30), Metres(30)}}, 10.0));
     ASSERT_TRUE(device.GetGPSData(record));
     EXPECT_NEAR(record.lonLat.lon, Metres(30) * 10.0 / 40.0, 1e-18); // 30 and a third of 30 are 40
     ASSERT_TRUE(Begin(40.0));
@@ -155,13 +153,14 @@ TEST_F(Drive, BlocksFollowEachOther)
     const std::vector<tagLonLat> skipped{{Metres(10), 0.0}, {Metres(12), 0.0}, {Metres(13), 0.0}};
     const std::vector<tagLonLat> last{{Metres(99), 0.0}, {Metres(22), 0.0}};
     path.blocks = {Block(first, LONG, 3.0), Block(skipped, 3.0, 0.0), Block(last, LONG, LAST)};
+    path.blocks[2].endPoint = {1.0, 2.0};
     ASSERT_TRUE(Begin(10.0));
     ASSERT_TRUE(device.GetGPSData(record));
     EXPECT_EQ(record.lonLat.lon, first[1].lon);
     ASSERT_TRUE(device.GetGPSData(record));
     EXPECT_EQ(record.lonLat.lon, skipped[2].lon) << "a block as short as a step is left at once";
     EXPECT_FALSE(device.GetGPSData(record)) << "heads for the second point of a block, from wherever it is";
-    EXPECT_EQ(record.lonLat.lon, last[1].lon);
+    EXPECT_EQ(record.lonLat.lon, 1.0) << "and ends on the end point, wherever it lies";
     EXPECT_EQ(path.askedFrom, (std::vector<const tagLonLat*>{first.data(), skipped.data()}));
 }
 
@@ -264,8 +263,7 @@ TEST_F(Drive, OrderOfCalls)
 
 TEST_F(Drive, CopiesShareIt)
 {
-    path.blocks = {Block(GOOD, LONG, LAST)};
-    ASSERT_TRUE(Begin(4.0));
+    ASSERT_TRUE(BeginAlong(GOOD, 4.0));
     CGPSSimuDevice copy(device);
     CGPSSimuDevice assigned;
     assigned = copy;
