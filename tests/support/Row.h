@@ -1,4 +1,4 @@
-// Row.h: a table's row names its test after its field `rule`.
+// Row.h: the rows of tables of cases; a row names its test after its field `rule`.
 #pragma once
 
 #include <ostream>
@@ -8,6 +8,14 @@
 
 namespace support
 {
+
+/// The plainest row: what is given, and what is expected of it.
+template <class GIVEN, class EXPECTED>
+struct Row {
+    const char* rule;
+    GIVEN given;
+    EXPECTED expected;
+};
 
 /// Prints a row by its rule; found through `using support::operator<<` beside the row's type.
 template <class ROW>

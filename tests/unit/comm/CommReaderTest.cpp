@@ -14,21 +14,13 @@ using Fake = FakeSerialCalls;
 using Chunks = std::vector<std::string>;
 using Sleeps = std::vector<unsigned long>;
 
-/// A port whose closing the test can refuse, or follow at once.
+/// A port whose closing the test can replace.
 class WatchedPort final : public CommPort
 {
 public:
-    bool Close() override
-    {
-        const bool closed = !refuses && CommPort::Close();
-        if (closed && behindClose) {
-            behindClose();
-        }
-        return closed;
-    }
+    bool Close() override { return close(); }
 
-    bool refuses = false;
-    std::function<void()> behindClose;
+    std::function<bool()> close = [this] { return CommPort::Close(); };
 };
 
 class ReaderLoop : public support::FakeWorld
@@ -105,19 +97,23 @@ TEST_F(StopHandshake, SignalIsNotLostWhenTheLoopEndsBeforeTheWait)
 {
     Start();
     FakeThread::Run();
-    port.behindClose = [] { FakeThread::Run(); }; // the loop sees the closed port, and Stop is still in Close
+    port.close = [this] {
+        const bool closed = port.CommPort::Close();
+        FakeThread::Run(); // the loop sees the closed port, and Stop is still in Close
+        return closed;
+    };
     EXPECT_TRUE(Ends());
 }
 
 TEST_F(StopHandshake, RefusedCloseLeavesTheThreadGoing)
 {
     Start();
-    port.refuses = true;
+    port.close = [] { return false; };
     EXPECT_FALSE(reader.Stop());
     Fake::Play("a");
     FakeThread::Run();
     EXPECT_EQ(keeper.chunks, Chunks{"a"});
-    port.refuses = false;
+    port.close = [this] { return port.CommPort::Close(); };
     EXPECT_TRUE(Ends());
 }
 

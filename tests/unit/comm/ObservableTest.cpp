@@ -53,11 +53,13 @@ TEST_F(ListenerSet, ChangesFromInsideCountFromTheNextChunkOn)
     };
     listeners.subscribe(&keepers[0]);
     listeners.subscribe(&keepers[1]);
+    listeners.subscribe(&keepers[4]);
     Notify(listeners, "on its way");
     Notify(listeners, "next");
     EXPECT_EQ(keepers[0].chunks, Chunks{"on its way"});
     EXPECT_EQ(keepers[1].chunks, Chunks{"on its way"});
     EXPECT_EQ(keepers[3].chunks, Chunks{"next"});
+    EXPECT_EQ(keepers[4].chunks, (Chunks{"on its way", "next"}));
 }
 
 TEST_F(ListenerSet, CopyHasTheListenersAndALockOfItsOwn)

@@ -1,9 +1,11 @@
 // What the last three epochs tell of the vehicle.
 #include <cmath>
 #include <limits>
+#include <utility>
 
 #include "GpsLib/device/CGPSCOMDeviceImpl.h"
 #include "tests/support/FakeWorld.h"
+#include "tests/support/Row.h"
 #include "tests/support/Sentence.h"
 
 namespace
@@ -37,11 +39,8 @@ protected:
 
 TEST_F(VehicleState, MovesAsTheSpeedsSay)
 {
-    const struct {
-        const char* rule;
-        double speeds[3]; // [km/h] newest first
-        MOVESTATETYPE state;
-    } ROWS[] = {
+    const support::Row<double[3], MOVESTATETYPE> ROWS[] = {
+        // [km/h] newest first
         {"all below ten is slow", {9.9, 0.0, 9.999}, MOVESTATE_SLOW},
         {"ten is not", {10.0, 9.0, 9.0}, MOVESTATE_STEADY},
         {"the oldest counts for slow", {8.0, 9.0, 12.0}, MOVESTATE_STEADY},
@@ -58,19 +57,16 @@ TEST_F(VehicleState, MovesAsTheSpeedsSay)
         {"largest and smallest are far apart", {INF, -INF, INF}, MOVESTATE_CHANGING},
     };
     for (const auto& row : ROWS) {
-        TakeThree([&row](int epoch, _GPS_Data& record) { record.speed = row.speeds[epoch]; });
-        EXPECT_EQ(device.GetVehicleCurrMoveState(), row.state) << row.rule;
+        TakeThree([&row](int epoch, _GPS_Data& record) { record.speed = row.given[epoch]; });
+        EXPECT_EQ(device.GetVehicleCurrMoveState(), row.expected) << row.rule;
     }
 }
 
 TEST_F(VehicleState, TurnsAsTheHeadingsSay)
 {
     const double belowFive = std::nextafter(5.0, 0.0);
-    const struct {
-        const char* rule;
-        double headings[3]; // [deg] newest first
-        HEADINGSTATETYPE state;
-    } ROWS[] = {
+    const support::Row<double[3], HEADINGSTATETYPE> ROWS[] = {
+        // [deg] newest first
         {"below five on both is steady", {belowFive, 0.0, belowFive}, HEADINGSTATE_STEADY},
         {"five on the newer is a turn", {5.0, 0.0, 0.0}, HEADINGSTATE_TURNING},
         {"five on the older is a turn", {0.0, 0.0, 5.0}, HEADINGSTATE_TURNING},
@@ -82,8 +78,8 @@ TEST_F(VehicleState, TurnsAsTheHeadingsSay)
         {"infinity is a turn", {INF, INF, INF}, HEADINGSTATE_TURNING},
     };
     for (const auto& row : ROWS) {
-        TakeThree([&row](int epoch, _GPS_Data& record) { record.heading = row.headings[epoch]; });
-        EXPECT_EQ(device.GetVehicleCurrHeadingState(), row.state) << row.rule;
+        TakeThree([&row](int epoch, _GPS_Data& record) { record.heading = row.given[epoch]; });
+        EXPECT_EQ(device.GetVehicleCurrHeadingState(), row.expected) << row.rule;
     }
 }
 

@@ -1,8 +1,10 @@
 // The dense matrix: shapes, the results that shapes which don't fit have, and the rule of its determinant.
 #include <new>
+#include <utility>
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Row.h"
 #include "tests/unit/filter/MatrixContent.h"
 
 namespace
@@ -28,8 +30,10 @@ TEST(Matrix, ConstructorsGiveTheirShapes)
     EXPECT_EQ(RowsOf(CMatrix(nullptr, 1, 2)), (Rows{{0}, {0}}));
 }
 
-TEST(Matrix, RowsOutsideAreNullAndCopyOutGoesColumnAfterColumn)
+TEST(Matrix, RowsOutsideAreNullAndColumnsComeOutBesideEachOther)
 {
+    EXPECT_EQ(RowsOf(ANY.Transpose()), (Rows{{1, 4}, {2, 5}, {3, 6}}));
+    EXPECT_EQ(RowsOf(EMPTY.Transpose()), NOTHING);
     EXPECT_EQ(ANY[-1], nullptr);
     EXPECT_EQ(ANY[2], nullptr);
     EXPECT_EQ(EMPTY[0], nullptr);
@@ -96,22 +100,12 @@ TEST(Matrix, SumAndDifference)
     EXPECT_EQ(RowsOf(CMatrix(nullptr, 4) + CMatrix(nullptr, 6)), ONE);
 }
 
-TEST(Matrix, Transpose)
-{
-    EXPECT_EQ(RowsOf(ANY.Transpose()), (Rows{{1, 4}, {2, 5}, {3, 6}}));
-    EXPECT_EQ(RowsOf(EMPTY.Transpose()), NOTHING);
-}
-
 const CMatrix SYMMETRIC = Matrix({{2, 1, 0}, {1, 3, 1}, {0, 1, 4}});
 const CMatrix INNOVATION = Matrix({{2, 0, 1, 0}, {0, 3, 0, 1}, {1, 0, 4, 0}, {0, 1, 0, 5}});
 
 TEST(Matrix, DeterminantIsTheRuleOfSarrusAtEveryOrder)
 {
-    const struct {
-        const char* rule;
-        CMatrix matrix;
-        double determinant;
-    } ROWS[] = {
+    const support::Row<CMatrix, double> ROWS[] = {
         {"empty", EMPTY, 0.0},
         {"order 1", SINGLE, 7.0},
         {"order 2", Matrix({{1, 2}, {3, 4}}), -2.0},
@@ -125,7 +119,7 @@ TEST(Matrix, DeterminantIsTheRuleOfSarrusAtEveryOrder)
          4.0},
     };
     for (const auto& row : ROWS) {
-        EXPECT_EQ(row.matrix.Determinant(), row.determinant) << row.rule;
+        EXPECT_EQ(row.given.Determinant(), row.expected) << row.rule;
     }
 }
 
@@ -145,10 +139,7 @@ TEST(Matrix, InverseIsTheAdjugateTimesTheReciprocal)
     constexpr double BY_18 = 1.0 / 18.0;
     constexpr double BY_98 = 1.0 / 98.0;
     constexpr double BY_49 = 1.0 / 49.0; // times 49 it isn't 1, so a division for each element would show
-    const struct {
-        CMatrix matrix;
-        Rows inverse;
-    } cases[] = {
+    const std::pair<CMatrix, Rows> INVERSES[] = {
         {SINGLE, {{1.0 / 7.0}}},
         {Matrix({{1, 2}, {3, 4}}), {{-2, 1}, {1.5, -0.5}}},
         {Matrix({{1, 0}, {0, 49}}), {{49 * BY_49, 0}, {0, BY_49}}},
@@ -162,7 +153,7 @@ TEST(Matrix, InverseIsTheAdjugateTimesTheReciprocal)
           {-14 * BY_98, 0, 28 * BY_98, 0},
           {0, -7 * BY_98, 0, 21 * BY_98}}},
     };
-    for (const auto& [matrix, inverse] : cases) {
+    for (const auto& [matrix, inverse] : INVERSES) {
         CMatrix out = TALL;
         EXPECT_TRUE(matrix.Inverse(out));
         EXPECT_EQ(RowsOf(out), inverse);

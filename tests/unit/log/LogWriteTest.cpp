@@ -5,6 +5,7 @@
 
 #include "GpsLib/log/CGPSLogDevice.h"
 #include "GpsLib/log/CGPSLogDeviceImpl.h"
+#include "tests/support/Row.h"
 #include "tests/support/TemporaryFolder.h"
 
 namespace
@@ -26,11 +27,7 @@ TEST_F(LogWriter, LinesAreWrittenWhole)
 {
     const std::string longestInOne(253, 'x');
     const std::string longer(100000, 'y');
-    const struct {
-        const char* rule;
-        std::string text;
-        std::string written;
-    } ROWS[] = {
+    const support::Row<std::string, std::string> ROWS[] = {
         {"CR LF stays as it is", "$GPZDA*48\r\n", "$GPZDA*48\r\n"},
         {"no line end gets one", "$GPZDA*48", "$GPZDA*48\r\n"},
         {"empty text is a line end", "", "\r\n"},
@@ -45,9 +42,9 @@ TEST_F(LogWriter, LinesAreWrittenWhole)
     for (const auto& row : ROWS) {
         ASSERT_TRUE(Open(row.rule));
         EXPECT_TRUE(log.WriteLog("first\r\n"));
-        EXPECT_TRUE(log.WriteLog(row.text.c_str()));
+        EXPECT_TRUE(log.WriteLog(row.given.c_str()));
         EXPECT_TRUE(log.CloseLogFile());
-        EXPECT_EQ(folder.Content(row.rule), "first\r\n" + row.written) << row.rule;
+        EXPECT_EQ(folder.Content(row.rule), "first\r\n" + row.expected) << row.rule;
     }
 }
 

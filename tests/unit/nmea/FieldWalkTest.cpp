@@ -23,12 +23,8 @@ Change All(CHANGES... changes)
     return [=](_GPS_Data& record) { (changes(record), ...); };
 }
 
-/// One sentence offered to a marked record. change: all that it may do there; null when it is refused.
-struct WalkCase {
-    const char* rule;
-    std::string body;
-    Change change;
-};
+/// One sentence offered to a marked record: all that it may do there; null when it is refused.
+using WalkCase = support::Row<std::string, Change>;
 
 class FieldWalk : public testing::TestWithParam<WalkCase>
 {

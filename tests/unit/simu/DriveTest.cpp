@@ -10,6 +10,7 @@
 #include "GpsLib/contracts/KestRoute.h"
 #include "GpsLib/simu/CGPSSimuDevice.h"
 #include "tests/support/FakeWorld.h"
+#include "tests/support/Row.h"
 
 namespace
 {
@@ -173,11 +174,8 @@ TEST_F(Drive, RouteThatFailsEndsInFalseWithTheRecordUntouched)
 {
     PathGuid withoutPoints = Block(GOOD, LONG, LAST);
     withoutPoints.points = nullptr;
-    const struct {
-        const char* rule;
-        std::vector<PathGuid> blocks;
-        bool begins; // else BeginSimu answers false
-    } ROWS[] = {
+    const support::Row<std::vector<PathGuid>, bool> ROWS[] = {
+        // Whether BeginSimu succeeds.
         {"no block", {}, false},
         {"first block of one point", {Block(ONE_POINT, LONG, LAST)}, false},
         {"first block without points", {withoutPoints}, false},
@@ -191,8 +189,8 @@ TEST_F(Drive, RouteThatFailsEndsInFalseWithTheRecordUntouched)
     for (const auto& row : ROWS) {
         SCOPED_TRACE(row.rule);
         path.given = 0;
-        path.blocks = row.blocks;
-        ASSERT_EQ(Begin(100.0), row.begins);
+        path.blocks = row.given;
+        ASSERT_EQ(Begin(100.0), row.expected);
         record.altitude = 77.0;
         for (int calls = 0; calls < 3; ++calls) {
             EXPECT_FALSE(device.GetGPSData(record));
