@@ -107,6 +107,7 @@ TEST_F(FixIntake, SmoothingRewritesTheCallersRecordAndWhatIsPublished)
     _GPS_Data fix = FixAt(121.001, 31.001);
     device.TakeFix(fix);
     EXPECT_NE(fix.lonLat.lon, 121.001);
+    EXPECT_EQ(FakeMath::askedFor.lon, 121.001) << "units count where the fix was parsed";
     _GPS_Data last;
     _GPS_Data lastValid;
     ASSERT_TRUE(device.GetGPSData(last));

@@ -140,12 +140,14 @@ TEST_F(Drive, HeadingsAreClockwiseFromNorth)
 
 TEST_F(Drive, DiagonalStepsAreMeasuredByTheLongLegAndAThirdOfTheShort)
 {
-    ASSERT_TRUE(BeginAlong({{0.0, 0.0}, {Metres(30), Metres(30)}}, 10.0));
-    ASSERT_TRUE(device.GetGPSData(record));
-    EXPECT_NEAR(record.lonLat.lon, Metres(30) * 10.0 / 40.0, 1e-18); // 30 and a third of 30 are 40
-    ASSERT_TRUE(Begin(40.0));
-    EXPECT_FALSE(device.GetGPSData(record)) << "a distance equal to the step counts as reached";
-    EXPECT_EQ(record.lonLat.lon, points[1].lon);
+    for (const tagLonLat to : {tagLonLat{Metres(30), Metres(15)}, {Metres(15), Metres(30)}}) {
+        ASSERT_TRUE(BeginAlong({{0.0, 0.0}, to}, 7.0));
+        ASSERT_TRUE(device.GetGPSData(record));
+        EXPECT_NEAR(record.lonLat.lon, to.lon * 7.0 / 35.0, 1e-18); // 30 and a third of 15 are 35
+        ASSERT_TRUE(Begin(35.0));
+        EXPECT_FALSE(device.GetGPSData(record)) << "a distance equal to the step counts as reached";
+        EXPECT_EQ(record.lonLat.lon, to.lon);
+    }
 }
 
 TEST_F(Drive, BlocksFollowEachOther)
@@ -153,7 +155,7 @@ TEST_F(Drive, BlocksFollowEachOther)
     const std::vector<tagLonLat> first{{0.0, 0.0}, {Metres(10), 0.0}};
     const std::vector<tagLonLat> skipped{{Metres(10), 0.0}, {Metres(12), 0.0}, {Metres(13), 0.0}};
     const std::vector<tagLonLat> last{{Metres(99), 0.0}, {Metres(22), 0.0}};
-    path.blocks = {Block(first, LONG, 3.0), Block(skipped, 3.0, 0.0), Block(last, LONG, LAST)};
+    path.blocks = {Block(first, LONG, 3.0), Block(skipped, 10.0, 0.0), Block(last, LONG, LAST)};
     path.blocks[2].endPoint = {1.0, 2.0};
     ASSERT_TRUE(Begin(10.0));
     ASSERT_TRUE(device.GetGPSData(record));
