@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "GpsLib/Kest_GPS.h"
+#include "GpsLib/comm/CommPort.h"
 #include "GpsLib/contracts/KestRoute.h"
 
 namespace
@@ -49,6 +50,10 @@ TEST(VirtualSlots, AreWhereProgramsLookForThem)
     EXPECT_EQ(SlotOf(&GPS::CGPSCOMDevice::GetLastValidData), 6);
     EXPECT_EQ(SlotOf(&GPS::CGPSCOMDevice::OpenGPS), NOT_VIRTUAL);
     EXPECT_EQ(SlotOf(&CommListener::onData), 0);
+    EXPECT_EQ(SlotOf(&CommPort::Open), 2);
+    EXPECT_EQ(SlotOf(&CommPort::Close), 3);
+    EXPECT_EQ(SlotOf(&CommPort::Read), 4);
+    EXPECT_EQ(SlotOf(&CommPort::Write), 5);
     using Listeners = KestThread::Observable<CommListener, KestThread::Mutex>;
     EXPECT_EQ(SlotOf(&Listeners::subscribe), 2);
     EXPECT_EQ(SlotOf(&Listeners::unsubscribe), 3);

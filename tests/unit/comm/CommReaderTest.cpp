@@ -48,7 +48,10 @@ TEST_F(ReaderLoop, RestsBehindEveryReadThatSucceeded)
     Fake::PlayFailure();
     FakeThread::Run();
     EXPECT_EQ(FakeThread::sleeps, Sleeps{}) << "a failed one is tried again at once";
+    keeper.inside = [] { EXPECT_EQ(FakeThread::sleeps, Sleeps{}) << "listeners hear of it first"; };
     Fake::Play("any");
+    FakeThread::Run();
+    keeper.inside = nullptr;
     Fake::PlayTimeOut();
     Fake::Play(std::string(513, 'x'));
     FakeThread::Run();

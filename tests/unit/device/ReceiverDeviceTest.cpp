@@ -7,6 +7,7 @@
 
 #include "tests/support/FakeWorld.h"
 #include "tests/support/Sentence.h"
+#include "tests/support/TemporaryFolder.h"
 
 namespace
 {
@@ -108,6 +109,98 @@ TEST_F(Receiver, OpeningThatFailsLeavesItClosedForAnotherTry)
     Fake::failing.clear();
     FakeThread::refuses = false;
     EXPECT_TRUE(OpensAndWorks());
+}
+
+TEST_F(Receiver, CallsThatOnlyPrepareMayFail)
+{
+    for (const std::string call : {"SetCommMask", "SetupComm", "GetCommState", "GetCommTimeouts",
+                                   "EscapeCommFunction", "PurgeComm", "ClearCommError", "WriteFile"}) {
+        Fake::failing = {call};
+        EXPECT_TRUE(OpensAndWorks()) << call;
+        Feed(Gga(0, 31));
+        device->CloseGPS();
+        EXPECT_FALSE(Fake::open);
+    }
+}
+
+TEST_F(Receiver, FailedReadsCostNothing)
+{
+    ASSERT_TRUE(device->OpenGPS());
+    const std::string epoch = support::Vtg("50.0") + Gga(121, 31);
+    Fake::Play(epoch.substr(0, 5));
+    Fake::PlayFailure();
+    Fake::PlayTimeOut(); // readable, but nothing is there
+    Fake::PlayFailure();
+    Feed(epoch.substr(5));
+    EXPECT_EQ(Current().lonLat.lon, 121.0);
+    EXPECT_EQ(Current().speed, 50.0);
+}
+
+TEST_F(Receiver, AnHourOfSilenceIsNoLossOfFix)
+{
+    constexpr std::uint32_t HOUR = 3600000;                               // [ms]
+    for (const std::uint32_t start : {100000U, 0xFFFFFFFFU - HOUR / 2}) { // the count may wrap meanwhile
+        FakeTickCount::Set(start);
+        ASSERT_TRUE(OpensAndWorks());
+        FakeEventHouse::ids.clear();
+        for (std::uint32_t minute = 0; minute < 60; ++minute) {
+            FakeTickCount::Set(start + minute * 60000);
+            Fake::PlayTimeOut();
+            FakeThread::Run();
+        }
+        EXPECT_EQ(FakeEventHouse::ids, Ids{}) << "no epoch, no event";
+        EXPECT_EQ(Current().lonLat.lon, 121.0) << "the last fix stands";
+        FakeTickCount::Set(start + HOUR);
+        Feed(Gga(121, 31, 0) + Gga(121, 31, 0) + Gga(121, 31));
+        EXPECT_EQ(FakeEventHouse::ids, (Ids{1004, 1001, 1004, 1001, 1001}))
+            << "it counts from its first epoch";
+        device->CloseGPS();
+    }
+}
+
+TEST_F(Receiver, LossAndSmoothingGoOnOverAClose)
+{
+    device->OpenFilter();
+    FakeTickCount::Set(10000);
+    ASSERT_TRUE(OpensAndWorks());
+    Feed(Gga(121, 31, 0) + Gga(121, 31, 0));
+    device->CloseGPS();
+    ASSERT_TRUE(device->OpenGPS());
+    FakeEventHouse::ids.clear();
+    FakeTickCount::Set(70999);
+    Feed(Gga(121, 31, 0));
+    FakeTickCount::Set(71000);
+    Feed(Gga(121, 31, 0));
+    EXPECT_EQ(FakeEventHouse::ids, (Ids{1004, 1001, 1004, 1003, 1001})) << "of the loss that began before it";
+    Feed(Gga(122, 31));
+    device->CloseGPS();
+    ASSERT_TRUE(device->OpenGPS());
+    Feed(Gga(123, 31));
+    EXPECT_NE(Current().lonLat.lon, 123.0) << "smoothed with the one before";
+}
+
+TEST_F(Receiver, LogStaysOpenOverACloseAndItsTypeIsTheLatest)
+{
+    const support::TemporaryFolder folder;
+    std::string one = folder.Path("one");
+    std::string two = folder.Path("two");
+    EXPECT_FALSE(device->StartWriteLog(two.data(), LOGTYPE_NMEA)) << "before OpenGPS";
+    ASSERT_TRUE(device->OpenGPS());
+    EXPECT_FALSE(device->StopWriteLog());
+    EXPECT_TRUE(device->StartWriteLog(one.data(), LOGTYPE_NMEA));
+    Feed(Gga(121, 31));
+    device->CloseGPS();
+    EXPECT_FALSE(device->StopWriteLog()) << "and the log stays open";
+    ASSERT_TRUE(device->OpenGPS());
+    Feed(Gga(122, 31)); // in no log
+    EXPECT_TRUE(device->StartWriteLog(two.data(), LOGTYPE_NMEA)) << "goes on in the first file";
+    Feed(Gga(123, 31));
+    EXPECT_TRUE(device->StartWriteLog(two.data(), static_cast<LOGTYPE>(1)));
+    Feed(Gga(124, 31));
+    EXPECT_TRUE(device->StopWriteLog());
+    Feed(Gga(125, 31));
+    EXPECT_EQ(folder.Content("one"), Gga(121, 31) + Gga(123, 31));
+    EXPECT_FALSE(std::filesystem::exists(two));
 }
 
 TEST_F(Receiver, CloseThatFailsLeavesTheDeviceClosed)

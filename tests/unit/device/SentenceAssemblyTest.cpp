@@ -119,7 +119,7 @@ TEST_F(ListenerState, LogTakesEveryGpSentenceAsItCameAndNoOther)
     EXPECT_EQ(folder.Content("log"), VTG + unknown + support::Spoilt(GGA) + VTG.substr(0, 9) + "\r\n");
 }
 
-TEST_F(ListenerState, SatelliteGroupIsItsOwnAndGoesOnOverAClose)
+TEST_F(ListenerState, SatelliteGroupIsItsOwnAndGoesOnOverACloseAndAWipe)
 {
     ReceiverFeed receiver;
     ReceiverFeed other;
@@ -127,7 +127,7 @@ TEST_F(ListenerState, SatelliteGroupIsItsOwnAndGoesOnOverAClose)
     EXPECT_EQ(receiver.Current().satellite.listedCount, 0);
     other.Feed(Sentence("GPGSV,2,2,02,12,43,086,49") + GGA);
     EXPECT_EQ(other.Current().satellite.listedCount, 1);
-    receiver.Feed(Sentence("GPGSV,2,2,02,02,42,085,48") + GGA);
+    receiver.Feed(FOREIGN + Sentence("GPGSV,2,2,02,02,42,085,48") + GGA);
     EXPECT_EQ(receiver.Current().satellite.listedCount, 2);
 }
 

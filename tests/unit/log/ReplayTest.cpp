@@ -107,6 +107,14 @@ TEST_F(Replay, LastRecordAnswersWithoutReading)
     ASSERT_TRUE(Next());
     EXPECT_FALSE(device.GetGPSDataWithoutSate(narrow)) << "the last record has no valid fix";
     EXPECT_FALSE(device.GetWholeSate(satellites));
+    ASSERT_TRUE(Open(GSA));
+    EXPECT_FALSE(Next());
+    EXPECT_FALSE(device.GetWholeSate(satellites));
+    ASSERT_TRUE(Open(GGA_NEXT));
+    ASSERT_TRUE(Next());
+    EXPECT_FALSE(Next());
+    EXPECT_TRUE(device.GetGPSDataWithoutSate(narrow)) << "also at the file's end";
+    EXPECT_EQ(narrow.altitude, 13.5);
 }
 
 TEST_F(Replay, WithoutALogTheRecordIsUntouched)
@@ -143,6 +151,13 @@ TEST_F(Replay, SmoothsFromTheSecondFixOn)
     EXPECT_LT(fix.lonLat.lon, 121.0 + 29.59 / 60.0) << "short of a fix that jumps ahead";
     EXPECT_GT(fix.lonLat.lon, 121.0 + 29.51 / 60.0) << "and ahead of the one before";
     EXPECT_EQ(fix.altitude, 13.5);
+    _GPS_Data_Without_Sate narrow{};
+    EXPECT_TRUE(device.GetGPSDataWithoutSate(narrow));
+    EXPECT_EQ(narrow.lonLat.lon, fix.lonLat.lon) << "the record as it was given";
+    device.CloseFilter();
+    ASSERT_TRUE(Open(GGA));
+    ASSERT_TRUE(Next());
+    EXPECT_EQ(fix.lonLat.lon, 121.0 + 29.5 * 0.016666666666666666);
 }
 
 TEST_F(Replay, HostileFilesEndInFalse)
@@ -180,10 +195,14 @@ TEST_F(Replay, SatelliteGroupIsItsOwn)
     ASSERT_TRUE(Open(Sentence("GPGSV,2,1,02,05,10,100,30") + GGA));
     ASSERT_TRUE(Next());
     device = CGPSLogDevice();
-    ASSERT_TRUE(Open(Sentence("GPGSV,2,2,02,09,20,200,40") + GGA));
+    ASSERT_TRUE(Open(Sentence("GPGSV,2,2,02,09,20,200,40") + GGA + Sentence("GPGSV,2,1,02,11,20,200,40") +
+                     GGA + FOREIGN + Sentence("GPGSV,2,2,02,12,20,200,40") + GGA));
     ASSERT_TRUE(Next());
     EXPECT_EQ(fix.satellite.prn[8], 9);
     EXPECT_EQ(fix.satellite.prn[4], 255) << "from the other replay";
+    ASSERT_TRUE(Next());
+    ASSERT_TRUE(Next());
+    EXPECT_EQ(fix.satellite.listedCount, 2) << "over the end of a record and a wipe";
 }
 
 TEST_F(Replay, ReadLineGivesLinesWithTheirTrueLength)

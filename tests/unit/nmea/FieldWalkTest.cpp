@@ -91,6 +91,8 @@ const WalkCase GGA_CASES[] = {
     {"SouthPoleIsOne", With(With(GGA, 2, "9000.000"), 3, "S"), Gga(0x255, 1, {HERE.lon, -90.0})},
     {"DateLineEastIsNoPosition", With(With(GGA, 4, "18000.0"), 5, "E"), NoPosition(0x255)},
     {"DateLineWestIsOne", With(GGA, 4, "18000.0"), Gga(0x255, 1, {-180.0, HERE.lat})},
+    // A division by 60 gives another last bit here.
+    {"MinutesAreMultiplied", With(GGA, 2, "4830.276"), Gga(0x255, 1, {HERE.lon, 48.0 + 30.276 * SIXTIETH})},
     {"SouthEast", With(With(GGA, 3, "S"), 5, "E"), Gga(0x255, 1, {-HERE.lon, -HERE.lat})},
     {"LowerCaseSouthDoesNotNegate", With(GGA, 3, "s"), Gga(0x255, 1)},
     {"LowerCaseWestDoesNotEither", With(GGA, 5, "w"), Gga(0x255, 1, {-HERE.lon, HERE.lat})},
@@ -103,6 +105,7 @@ const WalkCase GGA_CASES[] = {
     {"LongitudeEmptyWest", With(GGA, 4, ""), Gga(0x245, 1, {-180.0, HERE.lat})},
     {"EastWestEmptyStaysUnsigned", With(GGA, 5, ""), Gga(0x245, 1, {-HERE.lon, HERE.lat})},
     {"SatUsedEmptyIsZero", With(GGA, 7, ""), Gga(0x055, 1, HERE, 0)},
+    {"SatUsedIsStoredWhole", With(GGA, 7, "300"), Gga(0x255, 1, HERE, 300)},
     {"DilutionIsNotRead", With(GGA, 8, ""), Gga(0x255, 1)},
     {"AltitudeEmptyRefuses", With(GGA, 9, ""), nullptr},
     {"AltitudeEmptyAsLastFieldIsZero", "GPGGA,101519,4807.038,N,01131.0,W,1,08,0.9,",
@@ -179,6 +182,8 @@ const WalkCase SPEED_DATE_CASES[] = {
     {"ZdaTimeEmptyIsZero", With(ZDA, 1, ""), All(Zda(26), Time(0, 0, 0))},
     {"ZdaDayEmptyIsZero", With(ZDA, 2, ""), Zda(26, 7, 0)},
     {"ZdaMonthEmptyIsZero", With(ZDA, 3, ""), Zda(26, 0, 4)},
+    // "4," is 40 - 4; the walk stays at the field's start, so no field is lost.
+    {"ZdaOneDigitTakesTheComma", With(With(ZDA, 2, "4"), 3, "7"), Zda(26, 66, 36)},
     {"ZdaDayAndMonthAreCutTo8Bits", With(With(ZDA, 2, "Z0"), 3, "/0"), Zda(26, 246, 164)},
 };
 INSTANTIATE_TEST_SUITE_P(SpeedDate, FieldWalk, testing::ValuesIn(SPEED_DATE_CASES), support::RuleName());

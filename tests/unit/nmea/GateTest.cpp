@@ -35,6 +35,7 @@ TEST(Gate, AcceptsOrRefuses)
         {"length eight", STORED, WHOLE, 8},
         {"true length 82", STORED, OfLength(82), 82},
         {"true length 83", REFUSED, OfLength(83), 83},
+        {"length 83 of a shorter one", REFUSED, WHOLE, 83},
         {"length below zero", REFUSED, WHOLE, -1},
         {"format one", REFUSED, WHOLE, 82, 1},
         {"format minus one", REFUSED, WHOLE, 82, -1},
@@ -69,9 +70,26 @@ TEST(Gate, AcceptsOrRefuses)
     }
 }
 
+const std::string BODIES[] = {GGA, GLL, RMC, VTG, ZDA, GSA, "GPGSV,1,1,1,05,10,100,30"};
+
+TEST(Gate, TypesOneLetterAwayAreNoneOfTheSeven)
+{
+    const std::string types = "GGA GLL GSA GSV RMC VTG ZDA";
+    for (std::string body : BODIES) {
+        for (std::size_t at = 2; at < 5; ++at) {
+            const char own = body[at];
+            for (body[at] = 'A'; body[at] <= 'Z'; ++body[at]) {
+                ParserFeed feed;
+                EXPECT_TRUE(types.find(body.substr(2, 3)) != std::string::npos || !feed.Take(body)) << body;
+            }
+            body[at] = own;
+        }
+    }
+}
+
 TEST(Gate, EachParserTestsTalkerAndChecksumItself)
 {
-    for (const std::string body : {GGA, GLL, RMC, VTG, ZDA, GSA, "GPGSV,1,1,1,05,10,100,30"}) {
+    for (const std::string& body : BODIES) {
         ParserFeed feed;
         const auto accumulator = BytesOf(feed.accumulator);
         EXPECT_FALSE(feed.Take("GN" + body.substr(2)));

@@ -76,6 +76,7 @@ TEST(GsvGroup, ListsWhatItsMessagesDid)
         {"signal before a number drops", Around("GPGSV,3,2,4,,,,30"), "101", "11/1: 9"},
         {"empty number does not count", {"GPGSV,2,2,4,2,45,100,30,,46,101,31"}, "1", "4/1: 2"},
         {"view count 64 passes", {Gsv(1, 1, 64, {2})}, "1", "64/1: 2"},
+        {"view count is cut to 8 bits first", {Gsv(1, 1, 257, {2})}, "1", "1/1: 2"},
         {"view count 65 drops", Around(Gsv(3, 2, 65, {2})), "101", "11/1: 9"},
         {"empty view count keeps the latest", {Gsv(2, 1, 9, {1}), "GPGSV,2,2,,02,1,2,3"}, "11", "9/2: 1 2"},
         {"message three of two clears nothing", Around(Gsv(2, 3, 5, {2})), "101", "11/2: 1 9"},

@@ -140,7 +140,10 @@ TEST_F(Drive, HeadingsAreClockwiseFromNorth)
 
 TEST_F(Drive, DiagonalStepsAreMeasuredByTheLongLegAndAThirdOfTheShort)
 {
-    for (const tagLonLat to : {tagLonLat{Metres(30), Metres(15)}, {Metres(15), Metres(30)}}) {
+    for (const tagLonLat to : {tagLonLat{Metres(30), Metres(15)},
+                               {Metres(15), Metres(30)},
+                               {Metres(-30), Metres(15)},
+                               {Metres(-15), Metres(-30)}}) {
         ASSERT_TRUE(BeginAlong({{0.0, 0.0}, to}, 7.0));
         ASSERT_TRUE(device.GetGPSData(record));
         EXPECT_NEAR(record.lonLat.lon, to.lon * 7.0 / 35.0, 1e-18); // 30 and a third of 15 are 35
@@ -152,18 +155,20 @@ TEST_F(Drive, DiagonalStepsAreMeasuredByTheLongLegAndAThirdOfTheShort)
 
 TEST_F(Drive, BlocksFollowEachOther)
 {
+    constexpr double STEP = 3.6 * 0.2777777777777778 * 10.0; // [m] as the drive works it out
     const std::vector<tagLonLat> first{{0.0, 0.0}, {Metres(10), 0.0}};
     const std::vector<tagLonLat> skipped{{Metres(10), 0.0}, {Metres(12), 0.0}, {Metres(13), 0.0}};
     const std::vector<tagLonLat> last{{Metres(99), 0.0}, {Metres(22), 0.0}};
-    path.blocks = {Block(first, LONG, 3.0), Block(skipped, 10.0, 0.0), Block(last, LONG, LAST)};
-    path.blocks[2].endPoint = {1.0, 2.0};
+    path.blocks = {Block(first, LONG, 3.0), Block(skipped, STEP, 0.0), Block(last, LONG, LAST)};
+    path.blocks[2].endPoint = {-200.0, 0.0};
     ASSERT_TRUE(Begin(10.0));
     ASSERT_TRUE(device.GetGPSData(record));
     EXPECT_EQ(record.lonLat.lon, first[1].lon);
     ASSERT_TRUE(device.GetGPSData(record));
     EXPECT_EQ(record.lonLat.lon, skipped[2].lon) << "a block as short as a step is left at once";
     EXPECT_FALSE(device.GetGPSData(record)) << "heads for the second point of a block, from wherever it is";
-    EXPECT_EQ(record.lonLat.lon, 1.0) << "and ends on the end point, wherever it lies";
+    EXPECT_EQ(record.lonLat.lon, -200.0) << "and ends on the end point, wherever it lies";
+    EXPECT_EQ(record.heading, 270.0) << "of the way there";
     EXPECT_EQ(path.askedFrom, (std::vector<const tagLonLat*>{first.data(), skipped.data()}));
 }
 
@@ -218,6 +223,9 @@ TEST_F(Drive, BeginsWithSpeedAndTimeStepAboveZeroOnly)
     for (const auto& [timeStep, speed, begins] : ROWS) {
         EXPECT_TRUE(device.SetSimuParam(&path, timeStep, speed));
         EXPECT_EQ(device.BeginSimu(), begins) << timeStep << ' ' << speed;
+        record.valid = 0;
+        device.GetGPSData(record);
+        EXPECT_EQ(record.valid != 0, begins && !std::isnan(speed * timeStep)) << timeStep << ' ' << speed;
     }
 }
 
@@ -257,6 +265,10 @@ TEST_F(Drive, OrderOfCalls)
     EXPECT_TRUE(device.BeginSimu()) << "anew, from the first point";
     EXPECT_TRUE(device.GetGPSData(record));
     EXPECT_EQ(record.lonLat.lon, Metres(10) * (1.0 / 10.0));
+    EXPECT_TRUE(device.SetSimuParam(&path, 1.0, 0.0));
+    EXPECT_FALSE(device.BeginSimu());
+    EXPECT_TRUE(device.SetSimuParam(&path, 1.0, 3.6));
+    EXPECT_TRUE(device.GetGPSData(record)) << "no speed begins nothing and ends nothing";
     EXPECT_TRUE(device.EndSimu());
     EXPECT_FALSE(device.BeginSimu()) << "nothing of the drive is left";
 }
@@ -273,6 +285,7 @@ TEST_F(Drive, CopiesShareIt)
     EXPECT_FALSE(assigned.GetGPSData(record)) << "the third step arrives";
     EXPECT_TRUE(device.EndSimu());
     EXPECT_FALSE(copy.GetGPSData(record)) << "ended for all";
+    EXPECT_FALSE(copy.BeginSimu()) << "the route is its owner's again";
     EXPECT_TRUE(copy.EndSimu()) << "and yet there";
 }
 
