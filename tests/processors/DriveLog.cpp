@@ -2,12 +2,11 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstdio>
 #include <initializer_list>
 #include <iterator>
 #include <utility>
 
-#include "GpsLib/nmea/CNMEAParser.h"
+#include "tests/support/Sentence.h"
 
 namespace processors
 {
@@ -39,21 +38,12 @@ private:
     std::uint64_t state = 2026;
 };
 
-/// A whole number as a decimal one of `places` digits behind the point; `width` counts all, zeros in front.
-std::string Decimal(int value, int width, int places)
+/// A whole number in at least so many digits, the last `places` of them behind a point.
+std::string Decimal(int value, std::size_t digits, std::size_t places = 0)
 {
-    int scale = 1;
-    for (int i = 0; i < places; ++i) {
-        scale *= 10;
-    }
-    char text[32];
-    if (places == 0) {
-        static_cast<void>(std::snprintf(text, sizeof text, "%0*d", width, value));
-    } else {
-        static_cast<void>(std::snprintf(text, sizeof text, "%0*d.%0*d", width - places - 1, value / scale,
-                                        places, value % scale));
-    }
-    return text;
+    std::string text = std::to_string(value);
+    text.insert(0, digits - std::min(digits, text.size()), '0');
+    return places == 0 ? text : text.insert(text.size() - places, 1, '.');
 }
 
 // What no receiver should send: nothing, signs, spaces, numbers that overflow or vanish, bytes from 0x80 up,
@@ -83,17 +73,6 @@ const char* const ODD_FIELDS[] = {
     "2.2250738585072011e-308",
 };
 
-/// The body between "$" and its checksum; the digits are those of the sum, or others.
-std::string Sentence(const std::string& body, bool sound = true)
-{
-    char digits[3] = {};
-    GPS::CNMEAParser().ComputeChecksum(body.c_str(), digits);
-    if (!sound) {
-        digits[1] = digits[1] == '0' ? '1' : '0';
-    }
-    return "$" + body + "*" + digits + "\r\n";
-}
-
 constexpr int MINUTE = 10000; // positions count in units of the fourth decimal of a minute
 constexpr int DEGREE = 60 * MINUTE;
 constexpr int FULL_COURSE = 3600; // courses and speeds count in tenths
@@ -117,10 +96,10 @@ public:
         AppendMotion(log);
         AppendSatellites(log);
         Append(log, "GPGLL", {Latitude(), "N", Longitude(), "E", Time(), Fix() ? "A" : "V"});
-        Append(log, "GPZDA", {Time(), Decimal(day, 2, 0), "11", "2026", "00", "00"});
+        Append(log, "GPZDA", {Time(), Decimal(day, 2), "11", "2026", "00", "00"});
         Append(log, "GPGGA",
                {Time(), Latitude(), "N", Longitude(), dice.Once(3000) ? "W" : "E", Quality(),
-                Decimal(3 + dice.Below(10), 2, 0), "0.9", Decimal(dice.Below(30000), 4, 1), "M", "", "M", "",
+                Decimal(3 + dice.Below(10), 2), "0.9", Decimal(dice.Below(30000), 3, 1), "M", "", "M", "",
                 ""});
         return std::exchange(appended, 0);
     }
@@ -149,10 +128,10 @@ private:
     void AppendMotion(std::string& log)
     {
         Append(log, "GPRMC",
-               {Time(), Fix() ? "A" : "V", Latitude(), "N", Longitude(), "E", Decimal(speed, 5, 1),
-                Decimal(course, 5, 1), Decimal(day, 2, 0) + "1126", "", ""});
+               {Time(), Fix() ? "A" : "V", Latitude(), "N", Longitude(), "E", Decimal(speed, 4, 1),
+                Decimal(course, 4, 1), Decimal(day, 2) + "1126", "", ""});
         Append(log, "GPVTG",
-               {Decimal(course, 5, 1), "T", "", "M", Decimal(speed, 5, 1), "N", Decimal(speed * 1852, 8, 4),
+               {Decimal(course, 4, 1), "T", "", "M", Decimal(speed, 4, 1), "N", Decimal(speed * 1852, 7, 4),
                 "K"});
     }
 
@@ -160,14 +139,14 @@ private:
     {
         Append(log, "GPGSA",
                {"A", Fix() ? "3" : "1", Number(), Number(), Number(), Number(), "", "", "", "", "", "", "",
-                "", Decimal(dice.Below(300), 4, 1), Decimal(dice.Below(200), 4, 1),
-                Decimal(dice.Below(250), 4, 1)});
+                "", Decimal(dice.Below(300), 3, 1), Decimal(dice.Below(200), 3, 1),
+                Decimal(dice.Below(250), 3, 1)});
         const int messages = 1 + dice.Below(3);
         for (int i = 1; i <= messages; ++i) {
             Append(log, "GPGSV",
-                   {Decimal(messages, 1, 0), Decimal(i, 1, 0), Decimal(4 * messages, 2, 0), Number(),
-                    Elevation(), Azimuth(), Signal(), Number(), Elevation(), Azimuth(), Signal(), Number(),
-                    Elevation(), Azimuth(), Signal()});
+                   {Decimal(messages, 1), Decimal(i, 1), Decimal(4 * messages, 2), Number(), Elevation(),
+                    Azimuth(), Signal(), Number(), Elevation(), Azimuth(), Signal(), Number(), Elevation(),
+                    Azimuth(), Signal()});
         }
     }
 
@@ -186,14 +165,14 @@ private:
     /// The sentence, or now and then one that something happened to.
     std::string Send(const std::string& body)
     {
-        std::string whole = Sentence(body);
+        const std::string whole = support::Sentence(body);
         switch (dice.Below(1500)) {
         case 0:
-            return Sentence(body, false);
+            return support::Spoilt(whole);
         case 1:
             return whole.substr(0, whole.size() - 2) + "\n";
         case 2:
-            return Sentence("GL" + body.substr(2));
+            return support::Sentence("GL" + body.substr(2));
         case 3:
             return whole.substr(0, whole.size() / 2) + "\r\n";
         case 4:
@@ -204,22 +183,19 @@ private:
     }
 
     bool Fix() const noexcept { return lossLeft == 0; }
-    std::string Quality() { return Fix() ? Decimal(1 + dice.Below(2), 1, 0) : "0"; }
-    std::string Number() { return Decimal(1 + dice.Below(64), 2, 0); }
-    std::string Elevation() { return Decimal(dice.Below(91), 2, 0); }
-    std::string Azimuth() { return Decimal(dice.Below(360), 3, 0); }
-    std::string Signal() { return dice.Once(9) ? "" : Decimal(dice.Below(60), 2, 0); }
-    std::string Latitude() const
-    {
-        return Decimal(latitude / DEGREE, 2, 0) + Decimal(latitude % DEGREE, 7, 4);
-    }
+    std::string Quality() { return Fix() ? Decimal(1 + dice.Below(2), 1) : "0"; }
+    std::string Number() { return Decimal(1 + dice.Below(64), 2); }
+    std::string Elevation() { return Decimal(dice.Below(91), 2); }
+    std::string Azimuth() { return Decimal(dice.Below(360), 3); }
+    std::string Signal() { return dice.Once(9) ? "" : Decimal(dice.Below(60), 2); }
+    std::string Latitude() const { return Decimal(latitude / DEGREE, 2) + Decimal(latitude % DEGREE, 6, 4); }
     std::string Longitude() const
     {
-        return Decimal(longitude / DEGREE, 3, 0) + Decimal(longitude % DEGREE, 7, 4);
+        return Decimal(longitude / DEGREE, 3) + Decimal(longitude % DEGREE, 6, 4);
     }
     std::string Time() const
     {
-        return Decimal(second / 3600, 2, 0) + Decimal(second / 60 % 60, 2, 0) + Decimal(second % 60, 2, 0);
+        return Decimal(second / 3600, 2) + Decimal(second / 60 % 60, 2) + Decimal(second % 60, 2);
     }
 
     Dice dice;

@@ -1,23 +1,20 @@
-// RecordsDump.cpp: what the library makes of one log and one route, in digests; `check` compares processors
-// by it.
+// RecordsDump.cpp: what the library makes of one log and one route, for `check` to compare processors by it.
 //
-// usage: kest_records_dump LOG                      one digest for each section
-//        kest_records_dump LOG RECORDS              and one for so many records each, to find a difference
-//        kest_records_dump LOG SECTION FIRST LAST   these records, field by field
-// LOG is written, then replayed.
-#include <array>
-#include <cinttypes>
+// usage: kest_records_dump LOG
+// LOG is written, then replayed. Each line has the section, the record's number, and a field's name and bits
+// in hexadecimal, so that padding has no part in a comparison.
+#include <charconv>
+#include <cmath>
+#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
+#include <cstring>
 #include <fstream>
-#include <limits>
 #include <string>
 
 #include "GpsLib/log/CGPSLogDevice.h"
 #include "GpsLib/simu/CGPSSimuDevice.h"
 #include "layers/route/CGuidePath.h"
 #include "tests/processors/DriveLog.h"
-#include "tests/processors/RecordFields.h"
 
 namespace
 {
@@ -27,70 +24,83 @@ constexpr std::size_t ROUTE_POINTS = 1500;
 constexpr double TIME_STEP = 5.0; // [s]
 constexpr double SPEED = 261.3;   // [km/h]
 
-struct Options {
-    std::uint64_t every = std::numeric_limits<std::uint64_t>::max(); // records to a digest
-    std::string section; // whose records are printed; none when empty
-    std::uint64_t first = 0;
-    std::uint64_t last = 0;
-};
+void Append(std::string& text, std::uint64_t bits)
+{
+    char digits[16];
+    text.append(1, ' ').append(digits, std::to_chars(digits, std::end(digits), bits, 16).ptr);
+}
+
+void Append(std::string& text, double value)
+{
+    // Which bits "no number" has is the processor's choice, even its sign: all of them count as one.
+    std::uint64_t bits = 0x7FF8000000000000;
+    if (!std::isnan(value)) {
+        std::memcpy(&bits, &value, sizeof bits);
+    }
+    Append(text, bits);
+}
+
+template <class WHOLE>
+void Append(std::string& text, WHOLE value)
+{
+    Append(text, static_cast<std::uint64_t>(value));
+}
+
+template <class NUMBER, std::size_t COUNT>
+void Append(std::string& text, const NUMBER (&values)[COUNT])
+{
+    for (const NUMBER value : values) {
+        Append(text, value);
+    }
+}
 
 /// The records of one section.
 class Section
 {
 public:
-    Section(const char* name, const Options& options) : name(name), options(options) {}
+    explicit Section(const char* name) : name(name) {}
 
     void Take(const _GPS_Data& record)
     {
         ++count;
-        processors::VisitFields(record, [this](const char*, std::uint64_t bits) {
-            whole.Add(bits);
-            part.Add(bits);
-        });
-        if (count % options.every == 0) {
-            std::printf("%s up to %" PRIu64 " %016" PRIX64 "\n", name, count, part.Value());
-            part = processors::Digest();
-        }
-        if (options.section == name && count >= options.first && count <= options.last) {
-            processors::VisitFields(record, [this](const char* field, std::uint64_t bits) {
-                std::printf("%s %" PRIu64 " %s %016" PRIX64 "\n", name, count, field, bits);
-            });
-        }
+        Print("mask", record.mask);
+        Print("date", record.date.year, record.date.month, record.date.day);
+        Print("time", record.time.hour, record.time.minute, record.time.second, record.time.reserved);
+        Print("satUsed", record.satUsed);
+        Print("satellite.prn", record.satellite.prn);
+        Print("satellite.elevation", record.satellite.elevation);
+        Print("satellite.snr", record.satellite.snr);
+        Print("satellite.azimuth", record.satellite.azimuth);
+        Print("satellite.used", record.satellite.used);
+        Print("satellite.counts", record.satellite.viewCount, record.satellite.listedCount);
+        Print("lonLat", record.lonLat.lon, record.lonLat.lat);
+        Print("speed", record.speed);
+        Print("altitude", record.altitude);
+        Print("heading", record.heading);
+        Print("dop", record.pdop, record.hdop, record.vdop);
+        Print("valid", record.valid);
+        Print("reserved", record.reserved);
     }
 
     /// Result: false for a section that nothing came out of.
-    bool Finish() const
-    {
-        if (options.section.empty()) {
-            std::printf("%s %" PRIu64 " records %016" PRIX64 "\n", name, count, whole.Value());
-        }
-        return count != 0;
-    }
+    bool Any() const { return count != 0; }
 
 private:
-    const char* name;
-    const Options& options;
+    template <class... FIELDS>
+    void Print(const char* field, const FIELDS&... fields)
+    {
+        std::string line = name + (' ' + std::to_string(count)) + ' ' + field;
+        (Append(line, fields), ...);
+        std::puts(line.c_str());
+    }
+
+    const std::string name;
     std::uint64_t count = 0;
-    processors::Digest whole;
-    processors::Digest part;
 };
 
-bool WriteLog(const std::string& path, const Options& options)
+bool Replay(const char* name, std::string path, bool smoothed)
 {
-    const std::string log = processors::MakeDriveLog(SENTENCES);
-    processors::Digest digest;
-    for (const char byte : log) {
-        digest.AddByte(static_cast<unsigned char>(byte));
-    }
-    if (options.section.empty()) {
-        std::printf("log %zu bytes %016" PRIX64 "\n", log.size(), digest.Value());
-    }
-    return static_cast<bool>(std::ofstream(path, std::ios::binary) << log << std::flush);
-}
-
-bool Replay(const char* name, std::string path, bool smoothed, const Options& options)
-{
-    Section section(name, options);
+    Section section(name);
     GPS::CGPSLogDevice device;
     if (smoothed) {
         device.OpenFilter();
@@ -101,13 +111,13 @@ bool Replay(const char* name, std::string path, bool smoothed, const Options& op
     for (_GPS_Data record; device.GetGPSData(record);) {
         section.Take(record);
     }
-    return section.Finish();
+    return section.Any();
 }
 
 /// Result: false also for a drive that ends before its route does.
-bool Drive(const Options& options)
+bool Drive()
 {
-    Section section("drive", options);
+    Section section("drive");
     route::CGuidePath path(processors::MakeRoute(ROUTE_POINTS));
     GPS::CGPSSimuDevice device;
     if (!device.SetSimuParam(&path, TIME_STEP, SPEED) || !device.BeginSimu()) {
@@ -118,36 +128,20 @@ bool Drive(const Options& options)
         section.Take(record);
         record.valid = 0;
     }
-    if (record.valid == 0) {
-        return false;
-    }
     section.Take(record);
-    return section.Finish();
-}
-
-std::uint64_t Count(const char* text)
-{
-    return std::strtoull(text, nullptr, 10);
+    return record.valid != 0;
 }
 
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    Options options;
-    if (argc == 3) {
-        options.every = Count(argv[2]);
-    } else if (argc == 5) {
-        options.section = argv[2];
-        options.first = Count(argv[3]);
-        options.last = Count(argv[4]);
-    }
-    if ((argc != 2 && argc != 3 && argc != 5) || options.every == 0) {
-        std::printf("usage: kest_records_dump LOG [RECORDS | SECTION FIRST LAST]\n");
+    if (argc != 2) {
+        std::fputs("usage: kest_records_dump LOG\n", stderr);
         return 2;
     }
     const std::string path = argv[1];
-    const bool done = WriteLog(path, options) && Replay("replay", path, false, options) &&
-                      Replay("smoothed", path, true, options) && Drive(options);
-    return done ? 0 : 1;
+    const std::string log = processors::MakeDriveLog(SENTENCES);
+    const bool written = static_cast<bool>(std::ofstream(path, std::ios::binary) << log << std::flush);
+    return written && Replay("replay", path, false) && Replay("smoothed", path, true) && Drive() ? 0 : 1;
 }
