@@ -1,6 +1,6 @@
 // What is left of a log when its writer is killed.
 #include <atomic>
-#include <cstdlib>
+#include <csignal>
 #include <new>
 #include <random>
 #include <string>
@@ -26,63 +26,44 @@ std::string Line(std::size_t number)
     return support::Sentence("GPGGA,101500,3114.250,N,12129.500,E,1,08,0.9," + altitude + ",M,,M,,");
 }
 
-/// Bytes that the writer has handed over, seen by both processes.
-class SharedCount
-{
-public:
-    SharedCount()
-        : place(mmap(nullptr, sizeof(Count), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0)),
-          count(new (place) Count(0))
-    {
-    }
-    ~SharedCount() { munmap(place, sizeof(Count)); }
-    SharedCount(const SharedCount&) = delete;
-    SharedCount& operator=(const SharedCount&) = delete;
-
-    void Add(std::size_t bytes) { *count += bytes; }
-    std::size_t Get() const { return *count; }
-
-private:
-    using Count = std::atomic<std::size_t>;
-    void* place; // owned
-    Count* count;
-};
-
-[[noreturn]] void WriteUntilKilled(const std::string& path, SharedCount& written)
+/// written: bytes handed over so far.
+[[noreturn]] void WriteUntilKilled(const std::string& path, std::atomic<std::size_t>& written)
 {
     GPS::CGPSLogDevice log;
     log.OpenLogFileForWrite(path.c_str());
     for (std::size_t number = 0;; ++number) {
         const std::string line = Line(number);
         log.WriteLog(line.c_str());
-        written.Add(line.size());
+        written += line.size();
         usleep(20);
     }
 }
 
-/// Result: the bytes handed over before the writer was killed.
-std::size_t WriteAndKill(const std::string& path, useconds_t after)
+/// Result: a count that the processes forked later see too.
+std::atomic<std::size_t>& SharedCount()
 {
-    SharedCount written;
-    const pid_t writer = fork();
-    if (writer == 0) {
-        WriteUntilKilled(path, written);
-    }
-    usleep(after);
-    kill(writer, SIGKILL);
-    waitpid(writer, nullptr, 0);
-    return written.Get();
+    void* const place =
+        mmap(nullptr, sizeof(std::size_t), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
+    return *new (place) std::atomic<std::size_t>(0);
 }
 
 TEST(KilledWriter, LeavesALogThatReplays)
 {
+    std::atomic<std::size_t>& written = SharedCount();
     std::minstd_rand random(1); // NOLINT(cert-msc51-cpp,cert-msc32-c): the same moments each time
     const std::size_t lineLength = Line(0).size();
     std::size_t records = 0;
-    for (int kill = 0; kill < 100; ++kill) {
+    for (int round = 0; round < 100; ++round) {
         const support::TemporaryFolder folder;
         std::string path = folder.Path("log");
-        const std::size_t written = WriteAndKill(path, static_cast<useconds_t>(random() % 30000));
+        written = 0;
+        const pid_t writer = fork();
+        if (writer == 0) {
+            WriteUntilKilled(path, written);
+        }
+        usleep(static_cast<useconds_t>(random() % 30000));
+        kill(writer, SIGKILL);
+        waitpid(writer, nullptr, 0);
         const std::string left = folder.Content("log");
         EXPECT_LE(written, left.size() + STREAM_BUFFER + lineLength) << "more is gone than the stream held";
         std::string whole;

@@ -2,12 +2,12 @@
 #pragma once
 
 #include <algorithm>
+#include <atomic>
 #include <chrono>
-#include <condition_variable>
 #include <cstdint>
 #include <functional>
-#include <mutex>
 #include <string>
+#include <thread>
 
 #include <gtest/gtest.h>
 
@@ -20,8 +20,6 @@
 namespace live
 {
 
-constexpr unsigned BAUD = 9600;
-
 /// A number in so many digits, with zeros in front.
 inline std::string Digits(unsigned number, std::size_t count)
 {
@@ -29,50 +27,38 @@ inline std::string Digits(unsigned number, std::size_t count)
     return std::string(count - std::min(count, digits.size()), '0') + digits;
 }
 
-/// Time and position of epoch k of a made-up drive.
-inline std::string TimeOf(unsigned k)
+/// Time, status if any, and position of epoch k of a made-up drive. A field that differs from epoch to epoch
+/// follows from k, so that a record of two epochs shows.
+inline std::string Place(unsigned k, const std::string& status)
 {
-    return Digits(k / 3600 % 24, 2) + Digits(k / 60 % 60, 2) + Digits(k % 60, 2);
+    const std::string minutes = "30." + Digits(k % 10000, 4);
+    return ",1015" + Digits(k % 60, 2) + status + ",48" + minutes + ",N,011" + minutes + ",E,";
 }
 
-inline std::string PositionOf(unsigned k)
-{
-    const std::string minutes = Digits(k / 100 % 60, 2) + "." + Digits(k % 100, 4);
-    return "48" + minutes + ",N,011" + minutes + ",E";
-}
-
-/// The sentence that closes epoch k: every field of it follows from k, so a record that mixes two epochs
-/// shows.
+/// The sentence that closes epoch k.
 inline std::string Gga(unsigned k)
 {
-    return support::Sentence("GPGGA," + TimeOf(k) + "," + PositionOf(k) + ",1,08,0.9," + std::to_string(k) +
-                             ",M,,M,,");
+    return support::Sentence("GPGGA" + Place(k, "") + "1,08,0.9," + std::to_string(k) + ",M,,M,,");
 }
 
 /// The whole of epoch k.
 inline std::string Epoch(unsigned k)
 {
-    return support::Sentence("GPRMC," + TimeOf(k) + ",A," + PositionOf(k) + "," + std::to_string(k % 100) +
-                             ".0,090.0,221126,,") +
+    return support::Sentence("GPRMC" + Place(k, ",A") + std::to_string(k % 100) + ".0,090.0,221126,,") +
            Gga(k);
 }
 
-/// The epoch that a record's altitude names.
-inline unsigned EpochOf(double altitude)
-{
-    return static_cast<unsigned>(altitude);
-}
-
-/// Whether every field that the closing sentence gives a record is that of one epoch.
+/// Whether every field that the closing sentence gives a record is that of one epoch, the one that its
+/// altitude names.
 template <class RECORD>
 bool IsWhole(const RECORD& record)
 {
-    const unsigned k = EpochOf(record.altitude);
-    const double degrees = (k / 100 % 60 + k % 100 * 1e-4) / 60.0;
+    const auto k = static_cast<unsigned>(record.altitude);
+    const double degrees = (30 + k % 10000 * 1e-4) / 60.0;
     const auto near = [](double left, double right) { return left - right < 1e-9 && right - left < 1e-9; };
-    return record.time.hour == k / 3600 % 24 && record.time.minute == k / 60 % 60 &&
-           record.time.second == k % 60 && near(record.lonLat.lat, 48 + degrees) &&
-           near(record.lonLat.lon, 11 + degrees) && record.satUsed == 8 && record.valid == 1;
+    return record.time.hour == 10 && record.time.minute == 15 && record.time.second == k % 60 &&
+           near(record.lonLat.lat, 48 + degrees) && near(record.lonLat.lon, 11 + degrees) &&
+           record.satUsed == 8 && record.valid == 1;
 }
 
 /// A device on a pseudo-terminal of its own, and the count of its events.
@@ -84,14 +70,12 @@ protected:
     LiveReceiver()
     {
         platform::AssignPort(PORT, line.Path());
-        device.SetGPSCOMParam(PORT, BAUD, 0, 8, 0);
+        device.SetGPSCOMParam(PORT, 9600, 0, 8, 0);
         epochReceiver = event::RegisterReceiver(GPS_EVENT_EPOCH, [this](const event::CustomEvent&) {
             if (inEpoch) {
                 inEpoch();
             }
-            const std::lock_guard<std::mutex> held(lock);
             ++epochs;
-            changed.notify_all();
         });
     }
 
@@ -105,25 +89,20 @@ protected:
     /// Result: whether so many epochs came, at last.
     bool AwaitEpochs(unsigned count)
     {
-        std::unique_lock<std::mutex> held(lock);
-        return changed.wait_for(held, PATIENCE, [this, count] { return epochs >= count; });
-    }
-
-    unsigned Epochs()
-    {
-        const std::lock_guard<std::mutex> held(lock);
-        return epochs;
+        const auto giveUp = std::chrono::steady_clock::now() + PATIENCE;
+        while (epochs < count && std::chrono::steady_clock::now() < giveUp) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        return epochs >= count;
     }
 
     static constexpr std::chrono::seconds PATIENCE{30}; // a test that needs it has failed
     support::PseudoTerminal line;
     GPS::CGPSCOMDevice device;
     std::function<void()> inEpoch; // on the reader thread; set before the device is opened
+    std::atomic<unsigned> epochs{0};
 
 private:
-    std::mutex lock;
-    std::condition_variable changed;
-    unsigned epochs = 0;
     event::ReceiverId epochReceiver = 0;
 };
 

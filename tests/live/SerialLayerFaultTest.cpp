@@ -1,15 +1,10 @@
 // Reads and writes of the kernel's that do less than they are asked for, under the serial layer.
-#include <atomic>
 #include <cerrno>
-#include <string>
 
-#include <gtest/gtest.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
-#include "GpsLib/contracts/WinSerial.h"
-#include "layers/platform/PortMap.h"
-#include "tests/support/PseudoTerminal.h"
+#include "tests/live/SerialLayer.h"
 #include "tests/support/Row.h"
 
 namespace
@@ -21,22 +16,20 @@ struct Fault {
     bool byteByByte;
 };
 
-std::atomic<const Fault*> fault{nullptr}; // on the thread that the layer works on
-std::atomic<pthread_t> faultyThread{};
-std::atomic<unsigned> faultyCalls{0};
+thread_local const Fault* fault = nullptr; // of the thread's own calls
+thread_local unsigned faultyCalls = 0;
 
 /// Result: whether this call is to fail; else its length may have got shorter.
 bool Fails(std::size_t& length)
 {
-    const Fault* const present = fault;
-    if (present == nullptr || !pthread_equal(faultyThread, pthread_self())) {
+    if (fault == nullptr) {
         return false;
     }
-    if (present->error != 0 && ++faultyCalls % 2 == 1) {
-        errno = present->error;
+    if (fault->error != 0 && ++faultyCalls % 2 == 1) {
+        errno = fault->error;
         return true;
     }
-    length = present->byteByByte && length > 1 ? 1 : length;
+    length = fault->byteByByte && length > 1 ? 1 : length;
     return false;
 }
 
@@ -65,7 +58,7 @@ const Fault FAULTS[] = {
     {"InterruptedByteByByte", EINTR, true},
 };
 
-class SerialLayerFault : public testing::TestWithParam<Fault>
+class SerialLayerFault : public live::SerialTransfer, public testing::WithParamInterface<Fault>
 {
 };
 
@@ -74,30 +67,17 @@ INSTANTIATE_TEST_SUITE_P(Rules, SerialLayerFault, testing::ValuesIn(FAULTS), sup
 TEST_P(SerialLayerFault, CostsNoByte)
 {
     const std::string line = "$GPGGA,101500,3100.0,N,12100.0,E,1*00\r\n";
-    support::PseudoTerminal device;
-    platform::AssignPort(7, device.Path());
-    const HANDLE port =
-        CreateFileW(L"COM7:", GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-    COMMTIMEOUTS timeouts{0, 0, 10000, 0, 0}; // [ms] only a failing test waits for it
-    ASSERT_TRUE(SetCommTimeouts(port, &timeouts));
+    Limit({0, 0, 10000, 0, 0}); // [ms] only a failing test waits for it
     device.Write(line + line);
 
-    faultyThread = pthread_self();
     fault = &GetParam();
-    std::string bytes(2 * line.size(), '\0');
-    DWORD taken = 0;
-    DWORD sent = 0;
-    const BOOL received = ReadFile(port, bytes.data(), static_cast<DWORD>(bytes.size()), &taken, nullptr);
-    const BOOL written = WriteFile(port, line.data(), static_cast<DWORD>(line.size()), &sent, nullptr);
+    const auto taken = Read(static_cast<DWORD>(2 * line.size()));
+    const auto sent = Write(line);
     fault = nullptr;
 
-    EXPECT_TRUE(received);
-    EXPECT_EQ(bytes.substr(0, taken), line + line);
-    EXPECT_TRUE(written);
+    EXPECT_EQ(taken, line + line);
     EXPECT_EQ(sent, line.size());
     EXPECT_EQ(device.Read(line.size()), line);
-    CloseHandle(port);
-    platform::AssignPort(7, "");
 }
 
 } // namespace

@@ -2,39 +2,23 @@
 #include <algorithm>
 #include <filesystem>
 #include <iterator>
-#include <string>
 #include <vector>
 
-#include <gtest/gtest.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "GpsLib/contracts/WinSerial.h"
-#include "layers/platform/PortMap.h"
-#include "tests/support/PseudoTerminal.h"
+#include "tests/live/SerialLayer.h"
 #include "tests/support/Row.h"
 
 namespace
 {
 
-using support::PseudoTerminal;
+using live::OpenNamed;
 
-HANDLE OpenNamed(const wchar_t* name)
-{
-    return CreateFileW(name, GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING, 0, nullptr);
-}
-
-class SerialLayerPort : public testing::Test
+class SerialLayerPort : public live::SerialLayer
 {
 protected:
-    SerialLayerPort() { platform::AssignPort(7, device.Path()); }
-    ~SerialLayerPort() override
-    {
-        platform::AssignPort(7, "");
-        platform::AssignPort(8, "");
-    }
-
-    PseudoTerminal device;
+    ~SerialLayerPort() override { platform::AssignPort(8, ""); }
 };
 
 TEST(SerialLayerPortMap, NumberStandsForTheSystemsPortUntilAssigned)
@@ -49,7 +33,7 @@ TEST(SerialLayerPortMap, NumberStandsForTheSystemsPortUntilAssigned)
     EXPECT_EQ(platform::PortPath(0), "");
 }
 
-TEST_F(SerialLayerPort, OpensNothingButAPortsName)
+TEST_F(SerialLayerPort, OpensNothingButAPortsNameAndATerminal)
 {
     const wchar_t* const others[] = {L"",      L"COM7",   L"COM:",  L"COM-7:",         L"com7:",
                                      L"LPT7:", L"COM7:x", L"COM0:", L"COM4294967303:", nullptr};
@@ -58,18 +42,14 @@ TEST_F(SerialLayerPort, OpensNothingButAPortsName)
     }
     EXPECT_EQ(CreateFileW(L"COM7:", GENERIC_READ, 1, nullptr, OPEN_EXISTING, 0, nullptr),
               INVALID_HANDLE_VALUE);
-    const HANDLE port = OpenNamed(L"COM7:");
-    EXPECT_NE(port, INVALID_HANDLE_VALUE);
-    EXPECT_NE(port, nullptr);
-    EXPECT_TRUE(CloseHandle(port));
-}
-
-TEST_F(SerialLayerPort, OnlyATerminalIsAPort)
-{
     for (const char* path : {"/dev/null", "/dev/zero", "/tmp", "/nowhere"}) {
         platform::AssignPort(8, path);
         EXPECT_EQ(OpenNamed(L"COM8:"), INVALID_HANDLE_VALUE) << path;
     }
+    const HANDLE port = OpenNamed(L"COM7:");
+    EXPECT_NE(port, INVALID_HANDLE_VALUE);
+    EXPECT_NE(port, nullptr);
+    EXPECT_TRUE(CloseHandle(port));
 }
 
 bool OpensInAnotherProcess(const wchar_t* name)
@@ -159,8 +139,7 @@ TEST_P(SerialLayerSettings, AreTakenIfTheDriverHasThemAndElseAsTheyWere)
 
 std::ptrdiff_t OpenDescriptors()
 {
-    const std::filesystem::directory_iterator all("/proc/self/fd");
-    return std::distance(begin(all), end(all));
+    return std::distance(std::filesystem::directory_iterator("/proc/self/fd"), {});
 }
 
 TEST_F(SerialLayerPort, HandlesAreNeverGivenTwiceAndDescriptorsAllGivenBack)
