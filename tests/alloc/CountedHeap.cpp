@@ -54,6 +54,14 @@ void* TakeAligned(std::size_t size, std::size_t alignment) noexcept
     return Counted(IsToFail() ? nullptr : std::aligned_alloc(alignment, whole));
 }
 
+void* OrThrow(void* block)
+{
+    if (block == nullptr) {
+        throw std::bad_alloc();
+    }
+    return block;
+}
+
 void Give(void* block) noexcept
 {
     if (block != nullptr) {
@@ -104,35 +112,18 @@ extern "C" void* malloc(std::size_t size) noexcept
 }
 #endif
 
+// Those that the library and the standard library's parts in it use.
 void* operator new(std::size_t size)
 {
-    void* const block = Take(size);
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    return block;
+    return OrThrow(Take(size));
 }
-
-void* operator new(std::size_t size, std::align_val_t alignment)
-{
-    void* const block = TakeAligned(size, static_cast<std::size_t>(alignment));
-    if (block == nullptr) {
-        throw std::bad_alloc();
-    }
-    return block;
-}
-
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
 {
     return Take(size);
 }
-void* operator new[](std::size_t size)
+void* operator new(std::size_t size, std::align_val_t alignment)
 {
-    return operator new(size);
-}
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
-{
-    return Take(size);
+    return OrThrow(TakeAligned(size, static_cast<std::size_t>(alignment)));
 }
 void operator delete(void* block) noexcept
 {
@@ -142,27 +133,15 @@ void operator delete(void* block, std::size_t) noexcept
 {
     Give(block);
 }
+void operator delete(void* block, const std::nothrow_t&) noexcept
+{
+    Give(block);
+}
 void operator delete(void* block, std::align_val_t) noexcept
 {
     Give(block);
 }
 void operator delete(void* block, std::size_t, std::align_val_t) noexcept
-{
-    Give(block);
-}
-void operator delete(void* block, const std::nothrow_t&) noexcept
-{
-    Give(block);
-}
-void operator delete[](void* block) noexcept
-{
-    Give(block);
-}
-void operator delete[](void* block, std::size_t) noexcept
-{
-    Give(block);
-}
-void operator delete[](void* block, const std::nothrow_t&) noexcept
 {
     Give(block);
 }

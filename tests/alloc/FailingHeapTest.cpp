@@ -152,37 +152,68 @@ TEST_F(FailingHeap, LogIsWrittenWhole)
     EXPECT_GT(times, 1U);
 }
 
-// The receiver from the chunk to the event, on this thread. The last epoch but two fails somewhere.
+/// A smoothing receiver from the chunk to the record, on this thread.
+class Receiver
+{
+public:
+    Receiver() { device.OpenFilter(); }
+
+    void Take(const std::string& chunk)
+    {
+        listener.onData(chunk.data(), static_cast<std::uint32_t>(chunk.size()));
+    }
+
+    _GPS_Data Fix()
+    {
+        _GPS_Data fix;
+        EXPECT_TRUE(device.GetGPSData(fix));
+        return fix;
+    }
+
+private:
+    GPS::CGPSCOMDeviceImpl device;
+    GPS::CGPSStreamListener listener{&device, nullptr};
+};
+
+bool IsAsParsed(const _GPS_Data& fix)
+{
+    return live::IsWhole(fix) && fix.speed == fix.altitude * 1.852 && fix.heading == 90.0;
+}
+
 TEST_F(FailingHeap, EpochThatFindsNoMemoryComesAsParsedAndTheNextBeginsARun)
 {
     int events = 0;
     const event::ReceiverId counter =
         event::RegisterReceiver(GPS_EVENT_EPOCH, [&events](const event::CustomEvent&) { ++events; });
-    const std::string chunks[] = {live::Epoch(1), live::Epoch(2), live::Epoch(3), live::Epoch(4)};
-    std::uint64_t n = 1;
-    for (bool failed = true; failed; ++n) {
-        GPS::CGPSCOMDeviceImpl device;
-        GPS::CGPSStreamListener listener(&device, nullptr);
-        const auto feed = [&listener](const std::string& chunk) {
-            listener.onData(chunk.data(), static_cast<std::uint32_t>(chunk.size()));
-        };
-        device.OpenFilter();
-        feed(chunks[0]);
-        feed(chunks[1]);
-        events = 0;
-        failed = heap::Failing(n, [&] { feed(chunks[2]); });
-        _GPS_Data fix;
-        for (const int k : {2, 3}) {
-            EXPECT_TRUE(device.GetGPSData(fix));
-            EXPECT_EQ(fix.altitude, k + 1) << "the right epoch";
-            EXPECT_EQ(live::IsWhole(fix), failed) << "as parsed, or smoothed, " << n;
-            if (k == 2) {
-                feed(chunks[3]);
+    const std::string chunks[] = {live::Epoch(1), live::Epoch(2), live::Epoch(3), live::Epoch(4),
+                                  live::Epoch(5)};
+    const auto smoothed = [&chunks] {
+        Receiver fresh;
+        fresh.Take(chunks[3]);
+        fresh.Take(chunks[4]);
+        return fresh.Fix();
+    }();
+    ASSERT_FALSE(IsAsParsed(smoothed));
+    for (const int earlier : {0, 1, 2}) { // epochs of the run, the first of which is never smoothed
+        std::uint64_t n = 1;
+        for (bool failed = true; failed; ++n) {
+            Receiver receiver;
+            for (int i = 0; i < earlier; ++i) {
+                receiver.Take(chunks[i]);
             }
+            events = 0;
+            failed = heap::Failing(n, [&] { receiver.Take(chunks[2]); });
+            EXPECT_EQ(receiver.Fix().altitude, 3.0) << "the right epoch";
+            EXPECT_EQ(IsAsParsed(receiver.Fix()), failed || earlier == 0) << n;
+            receiver.Take(chunks[3]);
+            EXPECT_EQ(IsAsParsed(receiver.Fix()), failed) << n;
+            receiver.Take(chunks[4]);
+            EXPECT_EQ(receiver.Fix().lonLat.lon == smoothed.lonLat.lon, failed) << n;
+            EXPECT_EQ(receiver.Fix().speed == smoothed.speed, failed) << n;
+            EXPECT_EQ(events, 3) << n;
         }
-        EXPECT_EQ(events, 2) << n;
+        EXPECT_GT(n, earlier == 0 ? 2U : 60U);
     }
-    EXPECT_GT(n, 60U);
     event::RemoveReceiver(counter);
 }
 

@@ -7,17 +7,16 @@
 #include <fcntl.h>
 #include <unistd.h>
 
+#include "tools/FileDescriptor.h"
+
 class LineReader
 {
 public:
     explicit LineReader(const std::string& path) : line(open(path.c_str(), O_RDONLY | O_NOCTTY | O_CLOEXEC))
     {
     }
-    ~LineReader() { close(line); }
-    LineReader(const LineReader&) = delete;
-    LineReader& operator=(const LineReader&) = delete;
 
-    bool IsOpen() const { return line >= 0; }
+    bool IsOpen() const { return line.IsOpen(); }
 
     /// Result: so many bytes, or fewer if the line hangs up before.
     std::string Read(std::size_t length)
@@ -25,7 +24,7 @@ public:
         std::string text;
         char chunk[4096];
         while (text.size() < length) {
-            const ssize_t count = read(line, chunk, std::min(sizeof chunk, length - text.size()));
+            const ssize_t count = read(line.Get(), chunk, std::min(sizeof chunk, length - text.size()));
             if (count <= 0) {
                 break;
             }
@@ -36,5 +35,5 @@ public:
     std::string ReadToEnd() { return Read(std::string::npos); }
 
 private:
-    const int line; // owned
+    const kestgps::FileDescriptor line;
 };

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include "tests/support/Row.h"
 #include "tools/Bursts.h"
 #include "tools/LinePace.h"
 
@@ -24,10 +25,7 @@ const BurstCase BURSTS[] = {
     {"TimeOfGllIsItsFifthField", {"$GPGLL,1,N,2,E,7,A\n", "$GPGLL,1,N,2,E,8,A\n"}},
     {"StandingTimeOfAnotherTalker", {"$APGLL,1,N,2,E,3,A\n$GPGGA,5\n$APGLL,1,N,2,E,3,A\n", "$GPGGA,6\n"}},
     {"WithoutTimeEachOfItsLikeBeginsOne", {"$GPRMC,,V\n$GPGGA,,\n", "$GPRMC,,V\n$GPGGA,,\n"}},
-    {"CutTailsAreKept",
-     {
-         "A\n$GPGG",
-     }},
+    {"CutTailsAreKept", {"A\n$GPGG"}},
     {"CutTailOfATimedLine", {"$GPGGA,1\n", "$GPGGA,2"}},
 };
 
@@ -45,56 +43,42 @@ TEST_P(SplitBurstsRule, Holds)
     EXPECT_EQ(std::vector<std::string>(split.begin(), split.end()), GetParam().bursts);
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, SplitBurstsRule, testing::ValuesIn(BURSTS),
-                         [](const auto& rule) { return rule.param.rule; });
+INSTANTIATE_TEST_SUITE_P(Rules, SplitBurstsRule, testing::ValuesIn(BURSTS), support::RuleName());
 
-class Pace : public testing::Test
+kestgps::LinePace At(double baudRate, double factor)
 {
-protected:
-    static kestgps::LinePace At(double baudRate, double period, double factor)
-    {
-        kestgps::LineSettings settings;
-        settings.baudRate = baudRate;
-        settings.period = period;
-        settings.factor = factor;
-        return {settings, {}};
-    }
-    static long long Ms(kestgps::Clock::time_point time)
-    {
-        return std::chrono::round<std::chrono::milliseconds>(time.time_since_epoch()).count();
-    }
-};
+    return {{baudRate, 1, factor}, {}};
+}
 
-TEST_F(Pace, AByteTakesTenBits)
+long long Ms(kestgps::Clock::time_point time)
 {
-    auto pace = At(4800, 1, 1);
+    return std::chrono::round<std::chrono::milliseconds>(time.time_since_epoch()).count();
+}
+
+TEST(Pace, AByteTakesTenBitsAndTooSlowALineDelaysTheNextBurst)
+{
+    auto pace = At(4800, 1);
     EXPECT_EQ(Ms(pace.BeginBurst()), 0);
     EXPECT_EQ(Ms(pace.Send(48)), 100);
     EXPECT_EQ(Ms(pace.Send(192)), 500);
     EXPECT_EQ(Ms(pace.BeginBurst()), 1000); // the line was free before
-}
-
-TEST_F(Pace, TooSlowALineDelaysTheNextBurst)
-{
-    auto pace = At(4800, 1, 1);
-    pace.BeginBurst();
-    EXPECT_EQ(Ms(pace.Send(960)), 2000);
-    EXPECT_EQ(Ms(pace.BeginBurst()), 2000);
-    pace.Send(48);
+    EXPECT_EQ(Ms(pace.Send(960)), 3000);
     EXPECT_EQ(Ms(pace.BeginBurst()), 3000);
+    pace.Send(48);
+    EXPECT_EQ(Ms(pace.BeginBurst()), 4000);
 }
 
-TEST_F(Pace, TheFactorShortensAll)
+TEST(Pace, TheFactorShortensAll)
 {
-    auto pace = At(4800, 1, 10);
+    auto pace = At(4800, 10);
     pace.BeginBurst();
     EXPECT_EQ(Ms(pace.Send(240)), 50);
     EXPECT_EQ(Ms(pace.BeginBurst()), 100);
 }
 
-TEST_F(Pace, ALongWaitForRoomMovesAllAndAShortOneIsCaughtUp)
+TEST(Pace, ALongWaitForRoomMovesAllAndAShortOneIsCaughtUp)
 {
-    auto pace = At(4800, 1, 1);
+    auto pace = At(4800, 1);
     pace.BeginBurst();
     pace.HandedOver(pace.Send(48) + std::chrono::milliseconds(50));
     EXPECT_EQ(Ms(pace.Send(48)), 200);
@@ -103,11 +87,11 @@ TEST_F(Pace, ALongWaitForRoomMovesAllAndAShortOneIsCaughtUp)
     EXPECT_EQ(Ms(pace.BeginBurst()), 6000);
 }
 
-TEST_F(Pace, ASliceIsAtLeastAByteAndAtMostHalfAKilobyte)
+TEST(Pace, ASliceIsAtLeastAByteAndAtMostHalfAKilobyte)
 {
-    EXPECT_EQ(At(50, 1, 0.01).SliceLength(), 1U);
-    EXPECT_EQ(At(9600, 1, 1).SliceLength(), 9U);
-    EXPECT_EQ(At(4000000, 1, 1000000).SliceLength(), 512U);
+    EXPECT_EQ(At(50, 0.01).SliceLength(), 1U);
+    EXPECT_EQ(At(9600, 1).SliceLength(), 9U);
+    EXPECT_EQ(At(4000000, 1000000).SliceLength(), 512U);
 }
 
 } // namespace

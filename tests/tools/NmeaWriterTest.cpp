@@ -1,12 +1,12 @@
 #include "tools/NmeaWriter.h"
 
-#include <array>
 #include <cstring>
 #include <limits>
 
 #include <gtest/gtest.h>
 
 #include "NmeaReading.h"
+#include "tests/support/Row.h"
 
 namespace
 {
@@ -15,86 +15,43 @@ using kestgps::NmeaWriter;
 
 constexpr double STEP = 0.0001 / 60.0; // [deg] the resolution of a position
 
-_GPS_Data FullFix()
-{
-    _GPS_Data fix;
-    fix.valid = 1;
-    fix.date = {24, 5, 14};
-    fix.time = {8, 30, 7, {}};
-    fix.lonLat = {11.0 + 31.0 / 60.0, 48.0 + 7.038 / 60.0};
-    fix.altitude = -12.5;
-    fix.speed = 41.4848; // 22.4 knots
-    fix.heading = 84.4;
-    fix.satUsed = 8;
-    fix.pdop = 1.7;
-    fix.hdop = 0.92;
-    fix.vdop = 1.4;
-    for (const auto& [number, elevation, azimuth, signal] :
-         {std::array{2, 17, 41, 31}, std::array{5, 64, 75, 44}, std::array{30, 11, 96, 0}}) {
-        const auto slot = static_cast<std::size_t>(number - 1);
-        fix.satellite.prn[slot] = static_cast<std::uint8_t>(number);
-        fix.satellite.elevation[slot] = static_cast<std::uint8_t>(elevation);
-        fix.satellite.azimuth[slot] = static_cast<std::uint16_t>(azimuth);
-        fix.satellite.snr[slot] = static_cast<std::uint8_t>(signal);
-        fix.satellite.used[slot] = signal != 0 ? 1 : 0;
-    }
-    fix.satellite.viewCount = 3;
-    fix.satellite.listedCount = 3;
-    return fix;
-}
+const std::vector<std::string> FIX = {
+    "$GPZDA,083007.00,14,05,2024,00,00*6E\r\n",
+    "$GPRMC,083007.00,A,4807.0380,N,01131.0000,E,22.40,84.40,140524,,,A*5A\r\n",
+    "$GPVTG,84.40,T,,M,22.40,N,41.48,K,A*08\r\n",
+    "$GPGLL,4807.0380,N,01131.0000,E,083007.00,A,A*67\r\n",
+    "$GPGSA,A,3,02,05,,,,,,,,,,,1.70,0.92,1.40*0D\r\n",
+    "$GPGSV,1,1,03,02,17,041,31,05,64,075,44,30,11,096,*40\r\n",
+    "$GPGGA,083007.00,4807.0380,N,01131.0000,E,1,08,0.92,-12.5,M,,M,,*54\r\n",
+};
+const std::vector<std::string> LOST = {
+    "$GPZDA,083007.00,14,05,2024,00,00*6E\r\n",
+    "$GPRMC,083007.00,V,,,,,,,140524,,,N*77\r\n",
+    "$GPVTG,,,,,,,,,N*30\r\n",
+    "$GPGLL,,,,,083007.00,V,N*46\r\n",
+    "$GPGSA,A,1,,,,,,,,,,,,,,,*1E\r\n",
+    "$GPGSV,1,1,00*79\r\n",
+    "$GPGGA,083007.00,,,,,0,00,,,,,,,*44\r\n",
+};
 
-TEST(NmeaWriter, WritesAFixAsAReceiverDoes)
+/// What the library reads of them.
+_GPS_Data Read(const std::vector<std::string>& sentences)
 {
-    const std::vector<std::string> expected = {
-        "$GPZDA,083007.00,14,05,2024,00,00*6E\r\n",
-        "$GPRMC,083007.00,A,4807.0380,N,01131.0000,E,22.40,84.40,140524,,,A*5A\r\n",
-        "$GPVTG,84.40,T,,M,22.40,N,41.48,K,A*08\r\n",
-        "$GPGLL,4807.0380,N,01131.0000,E,083007.00,A,A*67\r\n",
-        "$GPGSA,A,3,02,05,,,,,,,,,,,1.70,0.92,1.40*0D\r\n",
-        "$GPGSV,1,1,03,02,17,041,31,05,64,075,44,30,11,096,*40\r\n",
-        "$GPGGA,083007.00,4807.0380,N,01131.0000,E,1,08,0.92,-12.5,M,,M,,*54\r\n",
-    };
-    EXPECT_EQ(LinesOf(NmeaWriter::Burst(FullFix())), expected);
-}
-
-TEST(NmeaWriter, WritesALostFixAsAReceiverDoes)
-{
-    const std::vector<std::string> expected = {
-        "$GPZDA,083007.00,14,05,2024,00,00*6E\r\n",
-        "$GPRMC,083007.00,V,,,,,,,140524,,,N*77\r\n",
-        "$GPVTG,,,,,,,,,N*30\r\n",
-        "$GPGLL,,,,,083007.00,V,N*46\r\n",
-        "$GPGSA,A,1,,,,,,,,,,,,,,,*1E\r\n",
-        "$GPGSV,1,1,00*79\r\n",
-        "$GPGGA,083007.00,,,,,0,00,,,,,,,*44\r\n",
-    };
-    _GPS_Data lost;
-    lost.date = {24, 5, 14};
-    lost.time = {8, 30, 7, {}};
-    EXPECT_EQ(LinesOf(NmeaWriter::Burst(lost)), expected);
-    lost.valid = 1; // says so, but has no place on Earth
-    EXPECT_EQ(LinesOf(NmeaWriter::Burst(lost)), expected);
-}
-
-TEST(NmeaWriter, AllThatIsWrittenIsReadBack)
-{
-    const _GPS_Data fix = FullFix();
     NmeaReading reading;
-    for (const std::string& line : LinesOf(NmeaWriter::Burst(fix))) {
-        EXPECT_TRUE(reading.Take(line)) << line;
+    for (const std::string& sentence : sentences) {
+        reading.Take(sentence);
     }
-    const _GPS_Data& read = reading.record;
-    EXPECT_EQ(std::memcmp(&read.date, &fix.date, sizeof fix.date), 0);
-    EXPECT_EQ(std::memcmp(&read.time, &fix.time, sizeof fix.time), 0);
-    EXPECT_EQ(std::memcmp(&read.satellite, &fix.satellite, sizeof fix.satellite), 0);
-    EXPECT_EQ(read.satUsed, 8);
-    EXPECT_EQ(read.altitude, -12.5);
-    EXPECT_EQ(read.speed, 41.48);
-    EXPECT_EQ(read.heading, 84.4);
-    EXPECT_EQ(read.pdop, 1.7);
-    EXPECT_EQ(read.hdop, 0.92);
-    EXPECT_EQ(read.vdop, 1.4);
-    EXPECT_EQ(read.valid, 1);
+    return reading.record;
+}
+
+TEST(NmeaWriter, WritesWhatAReceiverDoesOfWhatWasReadOfIt)
+{
+    EXPECT_EQ(LinesOf(NmeaWriter::Burst(Read(FIX))), FIX);
+    _GPS_Data lost = Read(LOST);
+    EXPECT_EQ(LinesOf(NmeaWriter::Burst(lost)), LOST);
+    lost.valid = 1; // says so, but has no place on Earth
+    lost.lonLat = _GPS_Data().lonLat;
+    EXPECT_EQ(LinesOf(NmeaWriter::Burst(lost)), LOST);
 }
 
 struct PlaceCase {
@@ -119,7 +76,7 @@ class Place : public testing::TestWithParam<PlaceCase>
 
 TEST_P(Place, IsReadBackWithinTheResolution)
 {
-    _GPS_Data fix = FullFix();
+    _GPS_Data fix = Read(FIX);
     fix.lonLat = {GetParam().lon, GetParam().lat};
     for (const std::string& line : {NmeaWriter::GGA(fix), NmeaWriter::GLL(fix), NmeaWriter::RMC(fix)}) {
         NmeaReading reading;
@@ -131,12 +88,11 @@ TEST_P(Place, IsReadBackWithinTheResolution)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, Place, testing::ValuesIn(PLACES),
-                         [](const auto& place) { return place.param.rule; });
+INSTANTIATE_TEST_SUITE_P(Rules, Place, testing::ValuesIn(PLACES), support::RuleName());
 
 TEST(NmeaWriter, HeadingRoundedToAFullCircleIsNorth)
 {
-    _GPS_Data fix = FullFix();
+    _GPS_Data fix = Read(FIX);
     fix.heading = 359.996;
     EXPECT_EQ(NmeaWriter::VTG(fix).substr(0, 14), "$GPVTG,0.00,T,");
     fix.heading = -90.0;
