@@ -68,6 +68,24 @@ TEST_F(EventLayer, CallsReceiversOfTheIdInOrderOfRegistration)
     EXPECT_EQ(Send(), "acb");
 }
 
+TEST_F(EventLayer, ReceiverHearsTheEventItselfAndMaySendItself)
+{
+    int payload = 0;
+    CustomEvent outer(0xFFFF, &payload);
+    CustomEvent inner(ID, nullptr);
+    std::vector<const CustomEvent*> heard;
+    receivers.push_back(event::RegisterReceiver(0xFFFF, [&](const CustomEvent& sent) {
+        EXPECT_EQ(sent.Id(), 0xFFFF);
+        EXPECT_EQ(sent.Payload(), &payload);
+        event::EventHouse::SendEvent(&inner);
+        heard.push_back(&sent);
+    }));
+    receivers.push_back(
+        event::RegisterReceiver(ID, [&](const CustomEvent& sent) { heard.push_back(&sent); }));
+    event::EventHouse::SendEvent(&outer);
+    EXPECT_EQ(heard, (std::vector<const CustomEvent*>{&inner, &outer}));
+}
+
 TEST_F(EventLayer, ReceiverRegisteredFromInsideHearsFromTheNextEventOn)
 {
     Register('a', [this] { Register('b'); });

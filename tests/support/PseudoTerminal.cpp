@@ -25,28 +25,16 @@ void Demand(bool done, const char* what)
     }
 }
 
-// Plain from the start: what is written before the port opens must neither come back nor be held for a line.
-void MakePlain(int master)
-{
-    termios settings{};
-    Demand(tcgetattr(master, &settings) == 0, "tcgetattr");
-    cfmakeraw(&settings);
-    Demand(tcsetattr(master, TCSANOW, &settings) == 0, "tcsetattr");
-}
-
 } // namespace
 
-PseudoTerminal::PseudoTerminal() : master(-1), directory("/tmp/ptyXXXXXX")
+PseudoTerminal::PseudoTerminal() : link(folder.Path("receiver"))
 {
-    Demand(mkdtemp(directory.data()) != nullptr, "mkdtemp");
-    link = directory + "/receiver";
     Replug();
 }
 
 PseudoTerminal::~PseudoTerminal()
 {
     HangUp();
-    rmdir(directory.c_str());
 }
 
 std::size_t PseudoTerminal::Offer(std::string_view bytes, int patience)
@@ -98,7 +86,12 @@ void PseudoTerminal::Replug()
     Demand(master >= 0 && grantpt(master) == 0 && unlockpt(master) == 0, "posix_openpt");
     Demand(ptsname_r(master, name, sizeof name) == 0, "ptsname_r");
     terminal = name;
-    MakePlain(master);
+    // Plain from the start: what is written before the port opens must neither come back nor be held for a
+    // line.
+    termios settings{};
+    Demand(tcgetattr(master, &settings) == 0, "tcgetattr");
+    cfmakeraw(&settings);
+    Demand(tcsetattr(master, TCSANOW, &settings) == 0, "tcsetattr");
     Demand(symlink(terminal.c_str(), link.c_str()) == 0, "symlink");
 }
 

@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "tests/support/TemporaryFolder.h"
+
 namespace support
 {
 
@@ -39,9 +41,9 @@ public:
     void Replug();
 
 private:
-    int master;            // owned; -1 while hung up
-    std::string directory; // owned; holds the link
-    std::string link;
+    const TemporaryFolder folder; // holds the link
+    const std::string link;
+    int master = -1; // owned; -1 while hung up
     std::string terminal;
 };
 
