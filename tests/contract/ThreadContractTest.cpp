@@ -2,21 +2,28 @@
 #include "GpsLib/contracts/KestThread.h"
 
 #include <atomic>
+#include <functional>
 #include <list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
 
 #include "GpsLib/comm/LockGuard.h"
-#include "tests/support/FunctionBody.h"
 
 namespace
 {
 
 using KestThread::LockGuard;
 using KestThread::Thread;
-using Body = support::FunctionBody;
+
+struct Body final : KestThread::Runnable {
+    explicit Body(std::function<void()> work) : work(std::move(work)) {}
+    void run() override { work(); }
+
+    const std::function<void()> work;
+};
 
 /// Result: whether the lock is free for the calling thread.
 bool TakesAtOnce(KestThread::Lockable& lock)

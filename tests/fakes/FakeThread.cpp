@@ -83,17 +83,13 @@ void BlockUntil(READY ready, const char* call)
     }
 }
 
-/// The state of a lock, in the room that its class keeps.
-struct Holding {
-    Number holder = NOBODY;
-};
-
-/// The state of a condition: a signal calls the next ticket.
+/// The state of a condition: a signal calls the next ticket. That of a lock is the number of its holder.
 struct Tickets {
     std::uint64_t given = 0;
     std::uint64_t called = 0;
 };
 
+/// In the room that its class keeps.
 template <class STATE, std::size_t SIZE>
 STATE& In(unsigned char (&room)[SIZE]) noexcept
 {
@@ -136,17 +132,17 @@ namespace KestThread
 
 Mutex::Mutex()
 {
-    new (native) Holding;
+    new (native) Number(NOBODY);
 }
 
 Mutex::~Mutex()
 {
-    EXPECT_EQ(In<Holding>(native).holder, NOBODY) << "a lock is destroyed while it is held";
+    EXPECT_EQ(In<Number>(native), NOBODY) << "a lock is destroyed while it is held";
 }
 
 void Mutex::acquire()
 {
-    Number& holder = In<Holding>(native).holder;
+    Number& holder = In<Number>(native);
     if (holder == self) {
         ADD_FAILURE() << "one thread takes a lock twice";
         return;
@@ -157,7 +153,7 @@ void Mutex::acquire()
 
 bool Mutex::tryAcquire()
 {
-    Number& holder = In<Holding>(native).holder;
+    Number& holder = In<Number>(native);
     if (holder != NOBODY) {
         return false;
     }
@@ -167,7 +163,7 @@ bool Mutex::tryAcquire()
 
 void Mutex::release()
 {
-    Number& holder = In<Holding>(native).holder;
+    Number& holder = In<Number>(native);
     EXPECT_EQ(holder, self) << "a thread releases a lock that it doesn't hold";
     holder = NOBODY;
 }

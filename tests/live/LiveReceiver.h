@@ -1,7 +1,6 @@
 // LiveReceiver.h: a receiver device on a pseudo-terminal, and epochs to feed it with.
 #pragma once
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <cstdint>
@@ -20,19 +19,13 @@
 namespace live
 {
 
-/// A number in so many digits, with zeros in front.
-inline std::string Digits(unsigned number, std::size_t count)
-{
-    const std::string digits = std::to_string(number);
-    return std::string(count - std::min(count, digits.size()), '0') + digits;
-}
-
 /// Time, status if any, and position of epoch k of a made-up drive. A field that differs from epoch to epoch
 /// follows from k, so that a record of two epochs shows.
 inline std::string Place(unsigned k, const std::string& status)
 {
-    const std::string minutes = "30." + Digits(k % 10000, 4);
-    return ",1015" + Digits(k % 60, 2) + status + ",48" + minutes + ",N,011" + minutes + ",E,";
+    const std::string minutes = "30." + std::to_string(10000 + k % 10000).substr(1);
+    return ",1015" + std::to_string(100 + k % 60).substr(1) + status + ",48" + minutes + ",N,011" + minutes +
+           ",E,";
 }
 
 /// The sentence that closes epoch k.

@@ -9,7 +9,9 @@
 #include <cstdio>
 #include <cstring>
 #include <fstream>
+#include <iterator>
 #include <string>
+#include <type_traits>
 
 #include "GpsLib/log/CGPSLogDevice.h"
 #include "GpsLib/simu/CGPSSimuDevice.h"
@@ -24,33 +26,24 @@ constexpr std::size_t ROUTE_POINTS = 1500;
 constexpr double TIME_STEP = 5.0; // [s]
 constexpr double SPEED = 261.3;   // [km/h]
 
-void Append(std::string& text, std::uint64_t bits)
+template <class FIELD>
+void Append(std::string& text, const FIELD& field)
 {
-    char digits[16];
-    text.append(1, ' ').append(digits, std::to_chars(digits, std::end(digits), bits, 16).ptr);
-}
-
-void Append(std::string& text, double value)
-{
-    // Which bits "no number" has is the processor's choice, even its sign: all of them count as one.
-    std::uint64_t bits = 0x7FF8000000000000;
-    if (!std::isnan(value)) {
-        std::memcpy(&bits, &value, sizeof bits);
-    }
-    Append(text, bits);
-}
-
-template <class WHOLE>
-void Append(std::string& text, WHOLE value)
-{
-    Append(text, static_cast<std::uint64_t>(value));
-}
-
-template <class NUMBER, std::size_t COUNT>
-void Append(std::string& text, const NUMBER (&values)[COUNT])
-{
-    for (const NUMBER value : values) {
-        Append(text, value);
+    if constexpr (std::is_array_v<FIELD>) {
+        for (const auto element : field) {
+            Append(text, element);
+        }
+    } else {
+        std::uint64_t bits = 0;
+        if constexpr (std::is_floating_point_v<FIELD>) {
+            std::memcpy(&bits, &field, sizeof bits);
+            // Which bits "no number" has is the processor's choice, even its sign: all of them count as one.
+            bits = std::isnan(field) ? 0x7FF8000000000000 : bits;
+        } else {
+            bits = static_cast<std::uint64_t>(field);
+        }
+        char digits[16];
+        text.append(1, ' ').append(digits, std::to_chars(digits, std::end(digits), bits, 16).ptr);
     }
 }
 
