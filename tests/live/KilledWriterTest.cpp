@@ -29,7 +29,7 @@ void WriteAndDie(const std::string& path, std::size_t lines)
     for (std::size_t number = 0; number < lines; ++number) {
         log.WriteLog(Line(number).c_str());
     }
-    raise(SIGKILL);
+    kill(getpid(), SIGKILL);
 }
 
 TEST(KilledWriter, LeavesALogThatReplays)

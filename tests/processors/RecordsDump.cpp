@@ -130,7 +130,7 @@ bool Drive()
 int main(int argc, char* argv[])
 {
     if (argc != 2) {
-        std::fputs("usage: kest_records_dump LOG\n", stderr);
+        std::printf("usage: kest_records_dump LOG\n");
         return 2;
     }
     const std::string path = argv[1];
