@@ -97,9 +97,9 @@ TEST_F(QueryStress, QueriesSeeWholeRecordsOnly)
             std::this_thread::yield();
         }
     };
-    std::vector<std::future<void>> askers;
-    for (int i = 0; i < 4; ++i) {
-        askers.push_back(std::async(std::launch::async, ask));
+    std::vector<std::future<void>> askers(4);
+    for (std::future<void>& asker : askers) {
+        asker = std::async(std::launch::async, ask);
     }
     {
         const Speaker speaker(line);
