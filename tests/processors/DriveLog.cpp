@@ -165,7 +165,7 @@ private:
     /// The sentence, or now and then one that something happened to.
     std::string Send(const std::string& body)
     {
-        const std::string whole = support::Sentence(body);
+        std::string whole = support::Sentence(body);
         switch (dice.Below(1500)) {
         case 0:
             return support::Spoilt(whole);
