@@ -50,7 +50,7 @@ TEST_F(FailingHeap, DeviceWithoutMemoryAnswersNo)
     for (; heap::Failing(n, [&devices] { devices.emplace(); }); ++n) {
         _GPS_Data fix;
         EXPECT_FALSE(devices->receiver.GetGPSData(fix));
-        EXPECT_FALSE(devices->log.GetGPSData(fix));
+        EXPECT_FALSE(devices->log.GetGPSData(fix) || devices->log.OpenLogFileForWrite("/none/log"));
         EXPECT_FALSE(devices->simulation.GetGPSData(fix));
         devices->receiver.OpenFilter();
         devices->receiver.CloseGPS();
