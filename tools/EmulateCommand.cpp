@@ -46,11 +46,11 @@ EmulateCommand::EmulateCommand(CLI::App& app)
     CLI::App* const emulate = app.add_subcommand("emulate", "Play NMEA sentences on a pseudo-terminal");
     emulate->add_option("FILE", file, "Sentences to play; without it the demonstration drive");
     emulate->add_option("--baud", line.baudRate, "Pace of the line in bit/s (9600)")
-        ->check(Within(BAUD_LEAST, BAUD_MOST));
+        ->transform(Within(BAUD_LEAST, BAUD_MOST));
     emulate->add_option("--period", line.period, "Seconds from burst to burst (1)")
-        ->check(Within(0, PERIOD_MOST));
+        ->transform(Within(0, PERIOD_MOST));
     emulate->add_option("--factor", line.factor, "How many times faster than that (1)")
-        ->check(Within(FACTOR_LEAST, FACTOR_MOST));
+        ->transform(Within(FACTOR_LEAST, FACTOR_MOST));
     emulate->add_flag("--loop", loop, "Begin again at the end");
     emulate->add_option("--link", link, "Another name for the device, until the end");
     command = emulate;

@@ -25,21 +25,21 @@ void LiveCommand::AddSourceOptions(CLI::App& live)
 {
     constexpr double PORT_MOST = 9;
     live.add_option("--port", options.port, "Serial port COMn, that is /dev/ttyS(n-1)")
-        ->check(Within(1, PORT_MOST));
+        ->transform(Within(1, PORT_MOST));
     live.add_option("--device", options.device, "Path of a serial device, such as /dev/ttyUSB0");
     CLI::Option* const demo = live.add_flag("--demo", options.demo, "The demonstration drive, no receiver");
     live.add_option("--factor", options.factor, "How many times faster the demonstration goes (12)")
-        ->check(Within(FACTOR_LEAST, FACTOR_MOST))
+        ->transform(Within(FACTOR_LEAST, FACTOR_MOST))
         ->needs(demo);
 }
 
 void LiveCommand::AddPortOptions(CLI::App& live)
 {
-    live.add_option("--baud", options.baudRate, "bit/s (9600)")->check(Within(BAUD_LEAST, BAUD_MOST));
+    live.add_option("--baud", options.baudRate, "bit/s (9600)")->transform(Within(BAUD_LEAST, BAUD_MOST));
     live.add_option("--parity", options.parity, "none (default), odd, even, mark, space")
         ->check(CLI::IsMember(std::vector<std::string>{"none", "odd", "even", "mark", "space"}));
-    live.add_option("--bits", options.dataBits, "Data bits (8)")->check(Within(5, 8));
-    live.add_option("--stop", options.stopBits, "Stop bits (1)")->check(Within(1, 2));
+    live.add_option("--bits", options.dataBits, "Data bits (8)")->transform(Within(5, 8));
+    live.add_option("--stop", options.stopBits, "Stop bits (1)")->transform(Within(1, 2));
 }
 
 void LiveCommand::AddOutputOptions(CLI::App& live)
@@ -48,8 +48,9 @@ void LiveCommand::AddOutputOptions(CLI::App& live)
     constexpr double SECONDS_MOST = 31536000; // a year
     constexpr double EPOCHS_MOST = 1e9;
     live.add_option("--seconds", options.seconds, "End after so many seconds")
-        ->check(Within(SECONDS_LEAST, SECONDS_MOST));
-    live.add_option("--epochs", options.epochs, "End after so many epochs")->check(Within(1, EPOCHS_MOST));
+        ->transform(Within(SECONDS_LEAST, SECONDS_MOST));
+    live.add_option("--epochs", options.epochs, "End after so many epochs")
+        ->transform(Within(1, EPOCHS_MOST));
     live.add_flag("--events", options.events, "Print the events too");
     live.add_flag("--state", options.state, "Add how speed and heading behave");
     live.add_flag("--smooth", options.smooth, "Smooth position and speed");

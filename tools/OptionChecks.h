@@ -6,7 +6,8 @@
 namespace kestgps
 {
 
-/// Accepts numbers from `least` to `most`, both included; refuses what is no number.
+/// Accepts numbers from `least` to `most`, both included; refuses what is no number. For an option's
+/// `transform`, since it drops zeros in front.
 CLI::Validator Within(double least, double most);
 
 // Ranges that several commands share.

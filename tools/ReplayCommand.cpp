@@ -57,7 +57,7 @@ ReplayCommand::ReplayCommand(CLI::App& app)
     replay->add_option("FILE", file, "Log of NMEA sentences")->required();
     replay->add_flag("--smooth", smooth, "Smooth position and speed");
     replay->add_option("--rate", rate, "Epochs a second (as fast as it goes)")
-        ->check(Within(RATE_LEAST, RATE_MOST));
+        ->transform(Within(RATE_LEAST, RATE_MOST));
     command = replay;
 }
 

@@ -22,10 +22,10 @@ SimulateCommand::SimulateCommand(CLI::App& app)
     constexpr double RATE_MOST = 1e6;
     CLI::App* const simulate = app.add_subcommand("simulate", "Drive a route and print its fixes");
     simulate->add_option("ROUTE", file, "GPX 1.1 track or route, or CSV of lon,lat")->required();
-    simulate->add_option("--speed", speed, "km/h (50)")->check(Within(LEAST, SPEED_MOST));
-    simulate->add_option("--step", step, "Seconds from fix to fix (1)")->check(Within(LEAST, STEP_MOST));
+    simulate->add_option("--speed", speed, "km/h (50)")->transform(Within(LEAST, SPEED_MOST));
+    simulate->add_option("--step", step, "Seconds from fix to fix (1)")->transform(Within(LEAST, STEP_MOST));
     simulate->add_option("--rate", rate, "Fixes a second (as fast as it goes)")
-        ->check(Within(LEAST, RATE_MOST));
+        ->transform(Within(LEAST, RATE_MOST));
     simulate->add_option("--nmea", nmea, "Write the drive as a log to this file instead");
     command = simulate;
 }

@@ -1,5 +1,6 @@
 // What the serial layer takes for a port: names, exclusive use, settings, handles.
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
 #include <iterator>
 #include <vector>
@@ -77,6 +78,23 @@ TEST_F(SerialLayerPort, OpenOnceHowEverItIsNamedAndWhoEverAsks)
     const HANDLE again = OpenNamed(L"COM8:");
     EXPECT_NE(again, INVALID_HANDLE_VALUE);
     CloseHandle(again);
+}
+
+TEST_F(SerialLayerPort, ClosedItIsFreeThoughAForkedProcessHoldsACopy)
+{
+    const HANDLE port = OpenNamed(L"COM7:");
+    ASSERT_NE(port, INVALID_HANDLE_VALUE);
+    const pid_t child = fork();
+    if (child == 0) {
+        pause();
+        _exit(0);
+    }
+    CloseHandle(port);
+    const HANDLE again = OpenNamed(L"COM7:");
+    EXPECT_NE(again, INVALID_HANDLE_VALUE);
+    CloseHandle(again);
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
 }
 
 struct Settings {

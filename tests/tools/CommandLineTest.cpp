@@ -8,10 +8,12 @@
 
 #include <gtest/gtest.h>
 #include <sys/file.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 
 #include "LineReader.h"
 #include "NmeaReading.h"
+#include "tests/support/TemporaryFolder.h"
 #include "tests/tools/Program.h"
 #include "tools/DemoDrive.h"
 #include "tools/Emulator.h"
@@ -37,7 +39,7 @@ const Complaint COMPLAINTS[] = {
     {"live --demo --factor nan", 2, "--factor"},
     {"live --demo --seconds -1", 2, "--seconds"},
     {"live --demo --parity loud", 2, "none,odd,even,mark,space"},
-    {"live --device /dev/none", 1, "no such device: /dev/none"},
+    {"live --device /dev/none --bits 08", 1, "no such device: /dev/none"}, // eight, and no octal number
     {"live --device /dev/null", 1, "not a serial device"},
     {"live --demo --parity odd", 1, "refuses the settings --baud 9600 --parity odd"},
     {"live --demo --log /none/log", 1, "can't write the log /none/log"},
@@ -58,6 +60,7 @@ const Complaint COMPLAINTS[] = {
     {"simulate /dev/null", 1, "line 1: a route needs two points"},
     {"simulate /etc/passwd", 1, "/etc/passwd, line "},
     {"simulate /etc/passwd --speed 301", 2, "--speed"},
+    {"simulate /etc/passwd --speed 0", 2, "from 0.001 to 300"},
     {"simulate /etc/passwd --step nan", 2, "--step"},
 };
 
@@ -120,6 +123,20 @@ TEST(CommandLine, SignalsEndLiveWithItsSummary)
     kill(program.Id(), SIGTERM);
     EXPECT_EQ(program.LastLine().substr(0, 19), "events: 1001 epoch ");
     EXPECT_EQ(program.Status(), 0);
+}
+
+TEST(CommandLine, SignalsEndTheReadingOfAFile)
+{
+    const support::TemporaryFolder folder;
+    const std::string pipe = folder.Path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
+    for (const char* const command : {"simulate ", "emulate "}) {
+        Program program(command + pipe);
+        const kestgps::FileDescriptor writer(
+            open(pipe.c_str(), O_WRONLY | O_CLOEXEC)); // waits for its reader
+        kill(program.Id(), SIGTERM);
+        EXPECT_EQ(program.Status(), -1) << command;
+    }
 }
 
 TEST(CommandLine, EmulatePlaysTheDriveUnderBothItsNames)

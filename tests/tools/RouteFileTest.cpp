@@ -26,6 +26,10 @@ const std::string ROUTE_POINTS = R"(<rte><rtept lat="48.25" lon="11.5"/><rtept l
 const RouteCase ROUTES[] = {
     {"Csv", "11.5,48.25\n-0.5,-33\n", TWO},
     {"CsvWithHeadingsAndEmptyLines", "\nlon,lat\r\n\r\n 11.5 , 48.25 \r\n\r\n-0.5,-33", TWO},
+    {"CsvBehindAByteOrderMark",
+     "\xEF\xBB\xBF"
+     "11.5,48.25\n-0.5,-33",
+     TWO},
     {"GpxTrack", "<gpx><trk><trkseg>" + POINTS + "</trkseg></trk></gpx>", TWO},
     {"GpxTrackBehindADeclaration",
      " <?xml version=\"1.0\"?>\n<gpx><trk><trkseg>" + POINTS + "</trkseg></trk></gpx>", TWO},
@@ -68,6 +72,9 @@ const RefusalCase REFUSALS[] = {
     {"NotFinite", "1,2\nnan,4\n", "route, line 2: "},
     {"EdgeOfTheRange", "1,2\n180,4\n", "route, line 2: "},
     {"BeyondTheRange", "1,2\n3,-91\n", "route, line 2: "},
+    {"FirstLineWithAPlusIsNoHeading", "+1,2\n3,4\n5,6\n", "route, line 1: "},
+    {"FirstLineBeyondAllNumbersIsNone", "1e999,2\n3,4\n5,6\n", "route, line 1: "},
+    {"FirstLineWithoutACommaIsNone", "1 2\n3,4\n5,6\n", "route, line 1: "},
     {"CutXml", "<gpx><trk>\n<trkseg>", "route, line 2: "},
     {"OtherXml", "<kml></kml>", "route, line 1: "},
     {"GpxWithoutLatitude", "<gpx><trk><trkseg>\n\n<trkpt lon=\"1\"/></trkseg></trk></gpx>",
