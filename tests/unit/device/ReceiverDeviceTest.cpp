@@ -199,7 +199,10 @@ TEST_F(Receiver, LogStaysOpenOverACloseAndItsTypeIsTheLatest)
     Feed(Gga(124, 31));
     EXPECT_TRUE(device->StopWriteLog());
     Feed(Gga(125, 31));
-    EXPECT_EQ(folder.Content("one"), Gga(121, 31) + Gga(123, 31));
+    EXPECT_TRUE(device->StartWriteLog(one.data(), LOGTYPE_NMEA));
+    FakeEventHouse::onSend = [this](const event::CustomEvent&) { device->StopWriteLog(); };
+    Feed(Gga(126, 31)); // logged before its events are told
+    EXPECT_EQ(folder.Content("one"), Gga(121, 31) + Gga(123, 31) + Gga(126, 31));
     EXPECT_FALSE(std::filesystem::exists(two));
 }
 
