@@ -112,12 +112,21 @@ extern "C" void* malloc(std::size_t size) noexcept
 }
 #endif
 
-// Those that the library and the standard library's parts in it use.
+// Those that the library and the standard library's parts in it use. Those of arrays are here since a sanitizer
+// has its own, which wouldn't come through these.
 void* operator new(std::size_t size)
 {
     return OrThrow(Take(size));
 }
 void* operator new(std::size_t size, const std::nothrow_t&) noexcept
+{
+    return Take(size);
+}
+void* operator new[](std::size_t size)
+{
+    return OrThrow(Take(size));
+}
+void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
 {
     return Take(size);
 }
@@ -142,6 +151,14 @@ void operator delete(void* block, std::align_val_t) noexcept
     Give(block);
 }
 void operator delete(void* block, std::size_t, std::align_val_t) noexcept
+{
+    Give(block);
+}
+void operator delete[](void* block) noexcept
+{
+    Give(block);
+}
+void operator delete[](void* block, std::size_t) noexcept
 {
     Give(block);
 }
