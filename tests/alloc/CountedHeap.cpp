@@ -112,8 +112,8 @@ extern "C" void* malloc(std::size_t size) noexcept
 }
 #endif
 
-// Those that the library and the standard library's parts in it use. Those of arrays are here since a sanitizer
-// has its own, which wouldn't come through these.
+// Those that the library and the standard library's parts in it use. Those of arrays are here since a
+// sanitizer has its own, which wouldn't come through these.
 void* operator new(std::size_t size)
 {
     return OrThrow(Take(size));
