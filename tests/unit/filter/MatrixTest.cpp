@@ -77,6 +77,7 @@ TEST(Matrix, Products)
         {"shapes that don't fit leave the left one", ANY, Matrix({{1, 2}, {3, 4}}), RowsOf(ANY)},
         {"single by the empty matrix", SINGLE, EMPTY, NOTHING},
         {"the empty matrix by any", EMPTY, ANY, NOTHING},
+        {"no columns by no rows", CMatrix(nullptr, 0, 2), CMatrix(nullptr, 3, 0), {{0, 0, 0}, {0, 0, 0}}},
         {"terms are summed from 0 upward", Matrix({{1e16, -1e16, 1}}), Matrix({{1}, {1}, {1}}), {{1}}},
     };
     for (const auto& row : ROWS) {
