@@ -19,6 +19,7 @@
 
 #include "GpsLib/Kest_GPS.h"
 #include "GpsLib/comm/CommPort.h"
+#include "GpsLib/comm/CommReader.h"
 #include "bench/Allocations.h"
 #include "bench/Corpus.h"
 #include "layers/event/EventReceivers.h"
@@ -31,8 +32,7 @@ namespace
 {
 
 constexpr unsigned PORT = 1;
-// The receiver's reads: bytes at most, time without any, rest behind each.
-constexpr std::size_t CHUNK = 512;
+// The receiver's reads: time without any byte, rest behind each.
 constexpr int READ_TIMEOUT = 612; // [ms]
 constexpr std::chrono::milliseconds REST{50};
 
@@ -214,7 +214,7 @@ double ShareOfWaiting(int count, std::chrono::milliseconds period)
     std::atomic<bool> going{true};
     double seconds = 0.0;
     std::thread reader([&] {
-        char chunk[CHUNK];
+        char chunk[CommReader::CHUNK_MAX];
         while (going) {
             pollfd watched{port.Get(), POLLIN, 0};
             if (poll(&watched, 1, READ_TIMEOUT) > 0 && read(port.Get(), chunk, sizeof chunk) > 0) {

@@ -1,8 +1,8 @@
 #include "tools/OptionChecks.h"
 
+#include <charconv>
+#include <iterator>
 #include <string>
-
-#include "tools/DecimalText.h"
 
 namespace kestgps
 {
@@ -10,9 +10,11 @@ namespace kestgps
 namespace
 {
 
+/// As few digits as tell the number.
 std::string RangeText(double bound)
 {
-    return DecimalText(bound, bound <= 0.0 || bound >= 1.0 ? 0 : bound < 0.01 ? 3 : 2);
+    char digits[32];
+    return {digits, std::to_chars(digits, std::end(digits), bound, std::chars_format::fixed).ptr};
 }
 
 } // namespace

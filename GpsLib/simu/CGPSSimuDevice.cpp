@@ -73,8 +73,7 @@ bool CGPSSimuDevice::EndSimu()
         return false;
     }
     impl->EndSimu();
-    impl->SetSpeed(0.0, 0.0); // copies keep the object, which must not remember what the caller may now free
-    impl->SetPath(nullptr);
+    impl->SetPath(nullptr); // copies keep the object, and the route is its owner's to free
     LeaveImpl(impl);
     return true;
 }

@@ -1,23 +1,19 @@
 // The whole live road: bytes on a port become fixes and events in the application.
 #include <chrono>
-#include <thread>
+#include <string>
 
 #include "tests/live/LiveReceiver.h"
 
 namespace
 {
 
+using KestThread::Thread;
 using live::Epoch;
 using live::IsWhole;
 
 class LiveRoad : public live::LiveReceiver
 {
 };
-
-void Pause(int milliseconds)
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-}
 
 TEST_F(LiveRoad, EpochsArriveAsRecordsInsideTheirEventAndOutliveTheClose)
 {
@@ -63,9 +59,9 @@ TEST_F(LiveRoad, EpochBehindGarbageIsRight)
         const std::size_t piece = garbage.piece == 0 ? garbage.bytes.size() : garbage.piece;
         for (std::size_t at = 0; at < garbage.bytes.size(); at += piece) {
             line.Write(garbage.bytes.substr(at, piece));
-            Pause(250); // a gap, so that the read ends
+            Thread::sleep(250); // a gap, so that the read ends
         }
-        Pause(1000); // until the reader has taken it all
+        Thread::sleep(1000); // until the reader has taken it all
         const unsigned before = epochs;
         line.Write(Epoch(1) + Epoch(2));
         ASSERT_TRUE(AwaitEpochs(before + 2)) << garbage.rule;
@@ -83,13 +79,13 @@ TEST_F(LiveRoad, ReplugInsideASentenceResumesFixes)
         const std::string epoch = Epoch(k);
         line.Write(epoch.substr(0, epoch.size() - 20));
         line.HangUp();
-        Pause(150);
+        Thread::sleep(150);
         line.Replug();
         _GPS_Data fix;
         const auto giveUp = std::chrono::steady_clock::now() + PATIENCE;
         do { // what is sent before the port is open again is lost
             line.Write(Epoch(100 + k));
-            Pause(100);
+            Thread::sleep(100);
             ASSERT_LT(std::chrono::steady_clock::now(), giveUp) << "no fix after replug " << k;
         } while (!device.GetGPSData(fix) || fix.altitude != 100.0 + k);
         EXPECT_TRUE(IsWhole(fix));

@@ -1,6 +1,7 @@
 // A log that closes on one thread while another writes.
 #include <algorithm>
 #include <atomic>
+#include <string>
 #include <thread>
 
 #include <gtest/gtest.h>
@@ -11,6 +12,8 @@
 namespace
 {
 
+const std::string LINE = "$GPZDA*48\r\n";
+
 TEST(LogStream, ClosesBetweenTwoLines)
 {
     const support::TemporaryFolder folder;
@@ -20,7 +23,7 @@ TEST(LogStream, ClosesBetweenTwoLines)
     std::atomic<std::ptrdiff_t> written{0};
     std::thread writer([&] {
         while (going) {
-            written += log.WriteLog("$GPZDA*48\r\n") ? 1 : 0;
+            written += log.WriteLog(LINE.c_str()) ? 1 : 0;
         }
     });
     for (int i = 0; i < 300 || written == 0; ++i) {
@@ -32,7 +35,7 @@ TEST(LogStream, ClosesBetweenTwoLines)
     writer.join();
     const std::string content = folder.Content("log");
     EXPECT_EQ(std::count(content.begin(), content.end(), '\n'), written) << "each in the file, and none lost";
-    EXPECT_EQ(content.size(), static_cast<std::size_t>(written) * 11) << "and whole";
+    EXPECT_EQ(content.size(), static_cast<std::size_t>(written) * LINE.size()) << "and whole";
 }
 
 } // namespace

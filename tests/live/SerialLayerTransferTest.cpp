@@ -1,18 +1,19 @@
 // What reads and writes of the serial layer bring, over time-outs, closing, and the coming and going of the
 // device.
-#include <chrono>
 #include <csignal>
 #include <thread>
 #include <vector>
 
 #include <pthread.h>
 
+#include "GpsLib/contracts/KestThread.h"
 #include "tests/live/SerialLayer.h"
 #include "tests/support/Row.h"
 
 namespace
 {
 
+using KestThread::Thread;
 using support::operator<<; // how a failing row is printed
 
 // Interval, multiplier, constant; writes have no time-out.
@@ -22,11 +23,6 @@ constexpr COMMTIMEOUTS SHORT_TOTAL{0, 0, 300, 0, 0};
 constexpr COMMTIMEOUTS AT_ONCE{MAXDWORD, 0, 0, 0, 0};
 
 const std::string MUCH(1 << 20, 'x'); // more than the line holds
-
-void Pause(int milliseconds)
-{
-    std::this_thread::sleep_for(std::chrono::milliseconds(milliseconds));
-}
 
 class SerialLayerTransfer : public live::SerialTransfer
 {
@@ -45,7 +41,7 @@ protected:
         const std::size_t all = Waiting() + bytes.size();
         device.Write(bytes);
         while (Waiting() < all) {
-            Pause(1);
+            Thread::sleep(1);
         }
     }
 };
@@ -105,7 +101,7 @@ TEST_F(SerialLayerTransfer, NoReadCutsALineThatKeepsComing)
     std::thread writer([&] {
         for (std::size_t i = 0; i < all.size(); i += 11) {
             device.Write(all.substr(i, 11));
-            Pause(15);
+            Thread::sleep(15);
         }
     });
     std::string got;
@@ -166,7 +162,7 @@ TEST_F(SerialLayerTransfer, SignalsDoNotEndARead)
         device.Write("ab");
         for (int i = 0; i < 20; ++i) {
             pthread_kill(reader, SIGUSR1);
-            Pause(5);
+            Thread::sleep(5);
         }
         device.Write("c\n");
     });
@@ -192,7 +188,7 @@ TEST_F(SerialLayerTransfer, CloseWakesReadersAndWritersThatWouldWaitForever)
     auto first = ReadElsewhere();
     auto second = ReadElsewhere();
     auto writer = std::async(std::launch::async, [this] { return Write(MUCH); }); // nobody takes it out
-    Pause(200);                                                                   // so that they do wait
+    Thread::sleep(200);                                                           // so that they do wait
     EXPECT_TRUE(CloseHandle(port));
     EXPECT_EQ(first.get(), std::nullopt);
     EXPECT_EQ(second.get(), std::nullopt);
@@ -223,7 +219,7 @@ TEST_F(SerialLayerTransfer, SameHandleGoesOnWhenTheDeviceIsBack)
 
     Limit(FOREVER);
     auto waiting = ReadElsewhere(5);
-    Pause(250);
+    Thread::sleep(250);
     device.Replug();
     device.Write("new\r\n");
     EXPECT_EQ(waiting.get(), "new\r\n");
@@ -241,7 +237,7 @@ TEST_F(SerialLayerTransfer, WholeLinesCountAlthoughTheirDeviceHasGone)
     Limit({1000, 0, 3000, 0, 0});
     auto waiting = ReadElsewhere();
     device.Write("whole\r\nand to");
-    Pause(400); // what the reader hasn't by then goes with the device
+    Thread::sleep(400); // what the reader hasn't by then goes with the device
     device.HangUp();
     EXPECT_EQ(waiting.get(), "whole\r\n");
 }
@@ -251,7 +247,7 @@ TEST_F(SerialLayerTransfer, CloseWakesAReadWhoseDeviceHasGone)
     Limit(FOREVER);
     auto waiting = ReadElsewhere();
     device.HangUp();
-    Pause(250);
+    Thread::sleep(250);
     EXPECT_TRUE(CloseHandle(port));
     EXPECT_EQ(waiting.get(), std::nullopt);
 }

@@ -33,6 +33,7 @@ const RouteCase ROUTES[] = {
     {"GpxTrack", "<gpx><trk><trkseg>" + POINTS + "</trkseg></trk></gpx>", TWO},
     {"GpxTrackBehindADeclaration",
      " <?xml version=\"1.0\"?>\n<gpx><trk><trkseg>" + POINTS + "</trkseg></trk></gpx>", TWO},
+    {"GpxBehindAByteOrderMark", "\xEF\xBB\xBF<gpx>" + ROUTE_POINTS + "</gpx>", TWO},
     {"GpxTrackGoesBeforeRoute",
      "<gpx>" + ROUTE_POINTS +
          R"(<trk><trkseg><trkpt lat="1" lon="2"/></trkseg><trkseg><trkpt lat="3" lon="4"/></trkseg></trk></gpx>)",

@@ -179,7 +179,9 @@ TEST_F(PortGuard, OpenPortKeepsItsSettingsAndAClosedOneIsLeftAlone)
     EXPECT_FALSE(port.Read(buffer.data(), 8, &count)) << "it forwards whether it is open or not";
     EXPECT_EQ(buffer, std::string(8, '\0'));
     EXPECT_FALSE(port.Write("a", 1, &count));
-    EXPECT_EQ(Made().at(1), "ReadFile 0x8 zeroed on no port");
+    const Calls made = Made();
+    EXPECT_EQ(made.at(1), "ReadFile 0x8 zeroed on no port");
+    EXPECT_EQ(made.at(4), "WriteFile 0x1 on no port");
 }
 
 TEST_F(PortGuard, DeletingAnOpenPortLeavesItOpen)

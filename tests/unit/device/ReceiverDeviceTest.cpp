@@ -117,7 +117,7 @@ TEST_F(Receiver, CallsThatOnlyPrepareMayFail)
                                    "EscapeCommFunction", "PurgeComm", "ClearCommError", "WriteFile"}) {
         Fake::failing = {call};
         EXPECT_TRUE(OpensAndWorks()) << call;
-        Feed(Gga(0, 31));
+        Feed(Gga(0, 31)); // so that the next row's fix is seen to come
         device->CloseGPS();
         EXPECT_FALSE(Fake::open);
     }

@@ -7,9 +7,9 @@
 
 #include <gtest/gtest.h>
 
-#include "GpsLib/contracts/KestMath.h"
 #include "GpsLib/filter/CGPSFilter.h"
 #include "GpsLib/filter/SmoothFix.h"
+#include "tests/support/FakeWorld.h"
 #include "tests/support/Sentence.h"
 
 namespace
@@ -120,7 +120,7 @@ void ExpectSame(const Data& fix, const Data& expected)
     EXPECT_EQ(fields(fix), fields(expected));
 }
 
-class Smoothing : public testing::Test
+class Smoothing : public support::FakeWorld
 {
 protected:
     Data Filtered(Data fix) const
@@ -239,6 +239,7 @@ TEST_F(Smoothing, InvalidFixComesBackAndBreaksTheRun)
 TEST_F(Smoothing, OfARecordRewritesPositionSpeedAndHeadingAlone)
 {
     const std::unique_ptr<GPS::CGPSFilter> beside(GPS::CGPSFilter::Make());
+    FakeMath::Set(80000.0, 100000.0);
     for (int i = 0; i < 4; ++i) {
         _GPS_Data record;
         std::memset(static_cast<void*>(&record), 0x21, sizeof record);
@@ -247,7 +248,8 @@ TEST_F(Smoothing, OfARecordRewritesPositionSpeedAndHeadingAlone)
         record.heading = 90.0 + i * 7.0;
         record.valid = i == 2 ? 0 : 1;
         Data data = Fix(record.lonLat.lon, record.lonLat.lat, record.speed, record.heading);
-        GetUnitDegree(record.lonLat, data.unitDegreeLon, data.unitDegreeLat); // before smoothing
+        data.unitDegreeLon = 1.0 / 80000.0;
+        data.unitDegreeLat = 1.0 / 100000.0;
         data.valid = record.valid == 1;
         beside->Filter(data);
         auto expected = BytesOf(record);

@@ -128,9 +128,10 @@ TEST_F(Drive, RecordSaysWhatADriveKnows)
 TEST_F(Drive, HeadingsAreClockwiseFromNorth)
 {
     const std::pair<tagLonLat, double> ROWS[] = {
-        {{0.0, 1.0}, 0.0},    {{1.0, 1.0}, 45.0},   {{1.0, 0.0}, 90.0},
-        {{1.0, -1.0}, 135.0}, {{0.0, -1.0}, 180.0}, {{-1.0, -1.0}, 225.0},
-        {{-1.0, 0.0}, 270.0}, {{-1.0, 1.0}, 315.0}, {{0.0, 0.0}, 90.0}};
+        {{0.0, 1.0}, 0.0},    {{2.0, 1.0}, 45.0},   {{2.0, 0.0}, 90.0},
+        {{2.0, -1.0}, 135.0}, {{0.0, -1.0}, 180.0}, {{-2.0, -1.0}, 225.0},
+        {{-2.0, 0.0}, 270.0}, {{-2.0, 1.0}, 315.0}, {{0.0, 0.0}, 90.0}};
+    FakeMath::Set(DEGREE / 2, DEGREE); // in metres they are headings of the compass
     for (const auto& [to, heading] : ROWS) {
         ASSERT_TRUE(BeginAlong({{0.0, 0.0}, to, {0.5, 0.5}}, 1.0));
         ASSERT_TRUE(device.GetGPSData(record));
