@@ -1,4 +1,4 @@
-// CommListener.h: a receiver of chunks of bytes.
+// CommListener.h: what takes the chunks of bytes that a port delivers.
 #pragma once
 
 #include <cstdint>

@@ -32,7 +32,7 @@ private:
 class KEST_API EventHouse
 {
 public:
-    /// Hands the event to whoever receives its id. The library has finished with the object when the call
+    /// Hands the event to the handlers of its id. The library has finished with the object when the call
     /// returns.
     /// event: borrowed for the call.
     /// Thread: any.

@@ -1,4 +1,14 @@
 // CGPSCOMDevice.h: a live NMEA 0183 receiver on a serial port.
+//
+// - GGA closes an epoch: a receiver that sends none gives no record and no event.
+// - Talker "GP" alone counts. A sentence of any other, or a proprietary one, empties the epoch so far.
+// - A receiver that sends GGA first in its burst gives each record the speed, date and satellites of the
+//   burst before.
+// - The Linux layers open /dev/ttyS(n-1) as COMn; platform::AssignPort in layers/platform/PortMap.h puts
+//   another device there.
+// - device/GpsEvents.h lists the events; event::RegisterReceiver in layers/event/EventReceivers.h is how to
+//   get them.
+// - records/GPSRecords.h says which fields of a record can be relied on.
 #pragma once
 
 #include "GpsLib/device/CGPSDeviceEx.h"
@@ -16,7 +26,7 @@ class CGPSCOMDeviceImpl;
 ///
 /// Copies share one device. A device that found no memory answers false, the unknown state or nothing.
 ///
-/// Thread: the queries work from any thread, on a closed device too, and from inside a receiver of any event;
+/// Thread: the queries work from any thread, on a closed device too, and from inside a handler of any event;
 /// each sees whole epochs. SetGPSCOMParam, OpenGPS, CloseGPS, StartWriteLog and StopWriteLog are for one
 /// thread at a time. OpenFilter and CloseFilter: any. No exception leaves any of them.
 ///
@@ -61,7 +71,10 @@ public:
 
     /// Closes the port and waits until the reader thread has ended. The records stay and go on answering. A
     /// closed device stays closed. On the reader thread, that is from inside an event, it changes nothing.
-    /// Takes: at most a read time-out and 100 ms.
+    /// Beware: it waits for event handlers too, so a caller that holds a lock which a handler wants waits for
+    /// ever.
+    /// Takes: at most a read time-out (0.61 s) and 0.1 s, and what the handlers take for the epochs of the
+    /// bytes that are already read, at most 512.
     void CloseGPS();
 
     /// Smooths position and speed from the next epoch on.

@@ -25,7 +25,7 @@ class CGPSStreamListener;
 ///
 /// Two threads meet here. The reader thread alone writes the records, in TakeFix, and so reads them freely;
 /// it publishes an epoch whole under `recordsLock`, and every other thread copies under it. No event goes out
-/// and no smoothing runs under that lock, so a receiver of an event may ask the device.
+/// and no smoothing runs under that lock, so a handler of an event may ask the device.
 class CGPSCOMDeviceImpl
 {
 public:

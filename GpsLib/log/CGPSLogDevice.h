@@ -25,8 +25,20 @@ public:
     ~CGPSLogDevice() override;
 
     /// Reads on to the next GGA with which the record holds a longitude other than 0.
-    /// Result: false with no log open (`data` untouched) or none left (`data` not to be used). True doesn't
-    /// say that the fix is valid: ask `data.valid`.
+    /// Result: false with no log open (`data` untouched), at the end, or at a line that begins with NUL, as
+    /// a power cut leaves them (`data` not to be used). True doesn't say that the fix is valid: ask
+    /// `data.valid`.
+    ///
+    /// The next call goes on behind a line that begins with NUL, without what its epoch had gathered; at the
+    /// end every call gives false, at once. A false steps over up to 254 bytes of NUL, so many in a row are
+    /// the end:
+    ///
+    ///     for (int misses = 0; misses < 65536; ++misses) {
+    ///         while (log.GetGPSData(fix)) {
+    ///             Use(fix);
+    ///             misses = 0;
+    ///         }
+    ///     }
     bool GetGPSData(_GPS_Data& data) override;
     /// The last record that GetGPSData gave. Reads no line.
     /// Result: false when that had no valid fix.

@@ -28,6 +28,16 @@ inline bool IsOnEarth(const tagLonLat& position) noexcept
 
 /// Bits of `_GPS_Data::mask`. A bit says that the field stood in the sentence, not that its value was stored.
 /// GGA, GLL, RMC, VTG and ZDA replace the whole mask, GSA and GSV add to it.
+///
+/// What a device hands out ends with a GGA, so it has the bits of that sentence alone, as a rule 0x255. Rely
+/// on ALTITUDE, TIME, POSITION, STATUS, DGPS, SATUSED and RTK; SPEED, DATE, HEADING and SATELLITE are missing
+/// although RMC, VTG, GSA and GSV have filled their fields. ALTITUDE itself is missing when the GGA could not
+/// be read (a wrong checksum, no altitude): then the bits are those of the sentences before it. A simulated
+/// drive always has 0x35E.
+///
+/// Whether a speed is there, no bit says. Fields begin as 0 in each epoch, so a speed other than 0 came from
+/// the receiver. A speed of 0 did too when `date.month` is not 0, if the receiver sends no ZDA: RMC brings the
+/// date and, with a position, the speed. With VTG alone, 0 may be either. Smoothing puts its own speed there.
 enum GPS_MASK : std::uint32_t {
     GPS_MASK_ALTITUDE = 0x001,
     GPS_MASK_SPEED = 0x002,
@@ -83,9 +93,9 @@ struct _GPS_Data {
     std::int32_t satUsed;
     _GPS_Satellite satellite;
     tagLonLat lonLat;         ///< [deg]
-    double speed;             ///< [km/h] over ground
+    double speed;             ///< [km/h] over ground; 0 also when none came, see GPS_MASK
     double altitude;          ///< [m] above mean sea level
-    double heading;           ///< [deg] clockwise from true north
+    double heading;           ///< [deg] clockwise from true north; 0 also when none came
     double pdop;              ///< position dilution of precision
     double hdop;              ///< horizontal dilution of precision
     double vdop;              ///< vertical dilution of precision

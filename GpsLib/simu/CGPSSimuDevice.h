@@ -1,4 +1,8 @@
 // CGPSSimuDevice.h: a drive along a planned route, read like a receiver.
+//
+// - A route is a CPath: route::CGuidePath in layers/route/CGuidePath.h makes one of a list of points, and
+//   contracts/KestRoute.h says what any other has to do.
+// - SetSimuParam, BeginSimu, then GetGPSData once a time step until it gives false, then EndSimu.
 #pragma once
 
 #include "GpsLib/device/CGPSDeviceEx.h"

@@ -16,19 +16,19 @@ namespace
 {
 
 struct Registration {
-    Registration(ReceiverId number, std::uint16_t id, Receiver receiver)
-        : number(number), id(id), receiver(std::move(receiver))
+    Registration(ReceiverId number, std::uint16_t id, Receiver handler)
+        : number(number), id(id), handler(std::move(handler))
     {
     }
 
     const ReceiverId number;
     const std::uint16_t id;
-    const Receiver receiver;
+    const Receiver handler;
     bool removed = false; // guarded by Registry::lock
     int running = 0;      // calls under way on all threads; guarded by Registry::lock
 };
 
-/// The calls under way on this thread, innermost first: a receiver may send events itself.
+/// The calls under way on this thread, innermost first: a handler may send events itself.
 struct Call {
     const Registration* registration;
     const Call* outer;
@@ -49,18 +49,18 @@ int CallsOnThisThread(const Registration& registration) noexcept
 class Registry
 {
 public:
-    ReceiverId Add(std::uint16_t id, Receiver receiver)
+    ReceiverId Add(std::uint16_t id, Receiver handler)
     {
         const std::lock_guard<std::mutex> held(lock);
         const std::shared_ptr<List> longer = Present();
-        longer->push_back(std::make_shared<Registration>(lastNumber + 1, id, std::move(receiver)));
+        longer->push_back(std::make_shared<Registration>(lastNumber + 1, id, std::move(handler)));
         list = longer;
         return ++lastNumber;
     }
 
     bool Remove(ReceiverId number)
     {
-        std::shared_ptr<Registration> leaving; // outlives the lock: its receiver's own parts may die with it
+        std::shared_ptr<Registration> leaving; // outlives the lock: its handler's own parts may die with it
         std::unique_lock<std::mutex> held(lock);
         const auto found = std::find_if(list->begin(), list->end(), [number](const auto& entry) {
             return entry->number == number && !entry->removed;
@@ -82,14 +82,14 @@ public:
 
     void Deliver(const CustomEvent& event)
     {
-        std::shared_ptr<const List> receivers; // outlives the lock, as above
+        std::shared_ptr<const List> present; // outlives the lock, as above
         std::unique_lock<std::mutex> held(lock);
-        receivers = list;
-        for (const auto& entry : *receivers) {
+        present = list;
+        for (const auto& entry : *present) {
             if (entry->id == event.Id() && !entry->removed) {
                 ++entry->running;
                 held.unlock();
-                CallReceiver(*entry, event);
+                CallHandler(*entry, event);
                 held.lock();
                 --entry->running;
                 callEnded.notify_all();
@@ -109,13 +109,13 @@ private:
         return present;
     }
 
-    static void CallReceiver(const Registration& registration, const CustomEvent& event) noexcept
+    static void CallHandler(const Registration& registration, const CustomEvent& event) noexcept
     {
         const Call call{&registration, innermostCall};
         innermostCall = &call;
         try {
-            registration.receiver(event);
-        } catch (...) { // NOLINT(bugprone-empty-catch): one receiver's failure is no other's
+            registration.handler(event);
+        } catch (...) { // NOLINT(bugprone-empty-catch): one handler's failure is no other's
         }
         innermostCall = call.outer;
     }
@@ -154,14 +154,14 @@ void EventHouse::SendEvent(CustomEvent* event)
     TheRegistry().Deliver(*event);
 }
 
-ReceiverId RegisterReceiver(std::uint16_t id, Receiver receiver)
+ReceiverId RegisterReceiver(std::uint16_t id, Receiver handler)
 {
-    return TheRegistry().Add(id, std::move(receiver));
+    return TheRegistry().Add(id, std::move(handler));
 }
 
-bool RemoveReceiver(ReceiverId receiver)
+bool RemoveReceiver(ReceiverId registration)
 {
-    return TheRegistry().Remove(receiver);
+    return TheRegistry().Remove(registration);
 }
 
 } // namespace event

@@ -86,8 +86,18 @@ TEST_F(Replay, GgaEndsARecordThatHasALongitude)
     }
 }
 
-TEST_F(Replay, NulLineEndsOneCall)
+TEST_F(Replay, NulLinesEndOneCallEachAndTheLoopOfTheHeaderReadsToTheEnd)
 {
+    ASSERT_TRUE(
+        Open(GGA + std::string(100000, '\0') + "\n" + GGA_NEXT + std::string("\0\n", 2) + GGA_NO_FIX));
+    std::vector<int> seconds;
+    for (int misses = 0; misses < 65536; ++misses) {
+        while (device.GetGPSData(fix)) {
+            seconds.push_back(fix.time.second);
+            misses = 0;
+        }
+    }
+    EXPECT_EQ(seconds, std::vector<int>({0, 1, 2}));
     ASSERT_TRUE(Open(std::string("\0\n", 2) + GGA));
     EXPECT_FALSE(Next());
     EXPECT_TRUE(Next());
