@@ -36,8 +36,9 @@ inline bool IsOnEarth(const tagLonLat& position) noexcept
 /// drive always has 0x35E.
 ///
 /// Whether a speed is there, no bit says. Fields begin as 0 in each epoch, so a speed other than 0 came from
-/// the receiver. A speed of 0 did too when `date.month` is not 0, if the receiver sends no ZDA: RMC brings the
-/// date and, with a position, the speed. With VTG alone, 0 may be either. Smoothing puts its own speed there.
+/// the receiver. A speed of 0 did too when `date.month` is not 0, if the receiver sends no ZDA: RMC brings
+/// the date and, with a position, the speed. With VTG alone, 0 may be either. Smoothing puts its own speed
+/// there.
 enum GPS_MASK : std::uint32_t {
     GPS_MASK_ALTITUDE = 0x001,
     GPS_MASK_SPEED = 0x002,
