@@ -8,6 +8,7 @@
 #include "GpsLib/device/GpsEvents.h"        // IWYU pragma: export
 #include "GpsLib/device/HEADINGSTATETYPE.h" // IWYU pragma: export
 #include "GpsLib/device/MOVESTATETYPE.h"    // IWYU pragma: export
+#include "GpsLib/filter/FILTERMODEL.h"      // IWYU pragma: export
 #include "GpsLib/log/CGPSLogDevice.h"       // IWYU pragma: export
 #include "GpsLib/log/LOGTYPE.h"             // IWYU pragma: export
 #include "GpsLib/records/GPSRecords.h"      // IWYU pragma: export

@@ -18,6 +18,7 @@ set(KEST_GPS_PUBLIC_HEADERS
     GpsLib/device/GpsEvents.h
     GpsLib/device/HEADINGSTATETYPE.h
     GpsLib/device/MOVESTATETYPE.h
+    GpsLib/filter/FILTERMODEL.h
     GpsLib/log/CGPSLogDevice.h
     GpsLib/log/LOGTYPE.h
     GpsLib/records/GPSRecords.h

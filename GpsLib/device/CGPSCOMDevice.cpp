@@ -83,6 +83,13 @@ void CGPSCOMDevice::CloseFilter()
     }
 }
 
+void CGPSCOMDevice::SetFilterModel(FILTERMODEL model)
+{
+    if (impl != nullptr) {
+        impl->SetFilterModel(model);
+    }
+}
+
 bool CGPSCOMDevice::StartWriteLog(char* path, LOGTYPE type)
 {
     return impl != nullptr && impl->StartWriteLog(path, type);

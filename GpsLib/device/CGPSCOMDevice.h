@@ -14,6 +14,7 @@
 #include "GpsLib/device/CGPSDeviceEx.h"
 #include "GpsLib/device/HEADINGSTATETYPE.h"
 #include "GpsLib/device/MOVESTATETYPE.h"
+#include "GpsLib/filter/FILTERMODEL.h"
 #include "GpsLib/log/LOGTYPE.h"
 
 namespace GPS
@@ -28,7 +29,7 @@ class CGPSCOMDeviceImpl;
 ///
 /// Thread: the queries work from any thread, on a closed device too, and from inside a handler of any event;
 /// each sees whole epochs. SetGPSCOMParam, OpenGPS, CloseGPS, StartWriteLog and StopWriteLog are for one
-/// thread at a time. OpenFilter and CloseFilter: any. No exception leaves any of them.
+/// thread at a time. OpenFilter, CloseFilter and SetFilterModel: any. No exception leaves any of them.
 ///
 /// Virtual operations in slot order, which is ABI.
 class KEST_GPS_API CGPSCOMDevice : public CGPSDeviceEx
@@ -77,10 +78,16 @@ public:
     /// bytes that are already read, at most 512.
     void CloseGPS();
 
-    /// Smooths position and speed from the next epoch on.
+    /// Smooths fixes from the next epoch on, by the model that SetFilterModel chose.
     void OpenFilter();
     /// Leaves fixes as they are from the next epoch on. The state of the smoothing stays.
     void CloseFilter();
+    /// Chooses how fixes are smoothed from the next epoch on, and doesn't switch smoothing on. Whenever the
+    /// model changes, the new one starts fresh; choosing the one at work changes nothing. The velocity model
+    /// starts fresh with OpenGPS too, the acceleration model goes on from the state that it has. It is
+    /// FILTERMODEL_ACCELERATION until this is called.
+    /// model: a value that is no model changes nothing.
+    void SetFilterModel(FILTERMODEL model);
 
     /// Copies the raw sentences to a file, behind what is there; a log that is open goes on in its own file.
     /// After the device was closed and opened again, nothing is copied until this is called anew.

@@ -6,7 +6,6 @@
 #include "GpsLib/comm/CommReader.h"
 #include "GpsLib/comm/LockGuard.h"
 #include "GpsLib/device/CGPSStreamListener.h"
-#include "GpsLib/filter/CGPSFilter.h"
 #include "GpsLib/log/CGPSLogDeviceImpl.h"
 
 namespace
@@ -24,11 +23,9 @@ CGPSCOMDeviceImpl::CGPSCOMDeviceImpl() noexcept
       port(nullptr),
       listener(nullptr),
       logWriter(new (std::nothrow) CGPSLogDeviceImpl),
-      filter(CGPSFilter::Make()),
       history1{},
       history2{},
       lossSeconds(0),
-      filterOn(false),
       portNumber(DEFAULT_PORT),
       baudRate(0),
       parity(0),
@@ -43,8 +40,6 @@ CGPSCOMDeviceImpl::~CGPSCOMDeviceImpl()
 {
     delete logWriter;
     logWriter = nullptr;
-    delete filter;
-    filter = nullptr;
 }
 
 void CGPSCOMDeviceImpl::SetGPSCOMParam(std::uint32_t portNumber, std::uint32_t baudRate, std::uint32_t parity,
@@ -91,6 +86,7 @@ bool CGPSCOMDeviceImpl::MakeParts()
 
 bool CGPSCOMDeviceImpl::StartReader()
 {
+    smoothing.BeginDrive(); // no reader thread works it yet
     try {
         const KestThread::Thread thread(reader); // goes on without this object
         opened = true;

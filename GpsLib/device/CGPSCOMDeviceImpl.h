@@ -1,13 +1,13 @@
 // CGPSCOMDeviceImpl.h: state and work of the live receiver.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
 
 #include "GpsLib/contracts/KestThread.h"
 #include "GpsLib/device/CSharers.h"
 #include "GpsLib/device/HEADINGSTATETYPE.h"
 #include "GpsLib/device/MOVESTATETYPE.h"
+#include "GpsLib/filter/CSmoothing.h"
 #include "GpsLib/log/LOGTYPE.h"
 #include "GpsLib/records/GPSRecords.h"
 
@@ -17,7 +17,6 @@ class CommReader;
 namespace GPS
 {
 
-class CGPSFilter;
 class CGPSLogDeviceImpl;
 class CGPSStreamListener;
 
@@ -48,8 +47,9 @@ public:
     bool IsGPSValid();
     bool GetLastValidData(_GPS_Data& data);
 
-    void OpenFilter() noexcept { filterOn = true; }
-    void CloseFilter() noexcept { filterOn = false; }
+    void OpenFilter() noexcept { smoothing.SwitchOn(); }
+    void CloseFilter() noexcept { smoothing.SwitchOff(); }
+    void SetFilterModel(FILTERMODEL model) noexcept { smoothing.SetModel(model); }
     bool StartWriteLog(const char* path, LOGTYPE type);
     bool StopWriteLog();
 
@@ -73,7 +73,6 @@ private:
     void DeleteParts();
     bool StartReader();
 
-    void Smooth(_GPS_Data& fix);
     void Publish(const _GPS_Data& fix);
     void AnnounceMove() const;
     void WatchLoss();
@@ -87,11 +86,10 @@ private:
     CommPort* port;                  // owned; from OpenGPS to CloseGPS
     CGPSStreamListener* listener;    // owned; from OpenGPS to CloseGPS
     CGPSLogDeviceImpl* logWriter;    // owned; null when the allocation failed
-    CGPSFilter* filter;              // owned; null when the allocation failed
+    CSmoothing smoothing;            // switched by the application's threads, worked by the reader thread
     _GPS_Data_Without_Sate history1; // the epoch before `current`
     _GPS_Data_Without_Sate history2; // the epoch before `history1`
     std::uint32_t lossSeconds;       // [s] seconds clock at the last loss of the fix; reader thread only
-    std::atomic<bool> filterOn;      // set by the application's threads, read by the reader thread
     std::uint32_t portNumber;
     std::uint32_t baudRate; // this and the next three have no default worth having; 0 until they are set
     std::uint32_t parity;

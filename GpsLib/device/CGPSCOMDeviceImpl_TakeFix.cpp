@@ -5,7 +5,6 @@
 #include "GpsLib/contracts/WinTick.h"
 #include "GpsLib/device/GpsEvents.h"
 #include "GpsLib/device/SendGpsEvent.h"
-#include "GpsLib/filter/SmoothFix.h"
 
 namespace
 {
@@ -34,17 +33,10 @@ namespace GPS
 
 void CGPSCOMDeviceImpl::TakeFix(_GPS_Data& fix)
 {
-    Smooth(fix);
+    smoothing.Smooth(fix); // outside the lock: it takes far longer than a copy
     Publish(fix);
     AnnounceMove();
     WatchLoss();
-}
-
-void CGPSCOMDeviceImpl::Smooth(_GPS_Data& fix)
-{
-    if (filterOn && filter != nullptr) {
-        SmoothFix(*filter, fix); // a fix that isn't valid too: it breaks the run
-    }
 }
 
 // History and fix go over under one lock, so that nobody sees the same epoch as the newest and the one before

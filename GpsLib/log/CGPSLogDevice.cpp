@@ -58,6 +58,13 @@ void CGPSLogDevice::CloseFilter()
     }
 }
 
+void CGPSLogDevice::SetFilterModel(FILTERMODEL model)
+{
+    if (impl != nullptr) {
+        impl->SetFilterModel(model);
+    }
+}
+
 bool CGPSLogDevice::OpenLogFileForWrite(const char* path)
 {
     return impl != nullptr && impl->OpenLogFileForWrite(path);

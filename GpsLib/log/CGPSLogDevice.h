@@ -2,6 +2,7 @@
 #pragma once
 
 #include "GpsLib/device/CGPSDeviceEx.h"
+#include "GpsLib/filter/FILTERMODEL.h"
 
 namespace GPS
 {
@@ -13,7 +14,8 @@ class CGPSLogDeviceImpl;
 ///
 /// Copies share one device; the streams close with the last of them. A device that found no memory answers
 /// false.
-/// Thread: replay on one thread at a time; WriteLog on any. No exception leaves any operation.
+/// Thread: replay on one thread at a time; OpenFilter, CloseFilter, SetFilterModel and WriteLog on any. No
+/// exception leaves any operation.
 ///
 /// Virtual operations in slot order, which is ABI.
 class KEST_GPS_API CGPSLogDevice : public CGPSDeviceEx
@@ -51,10 +53,16 @@ public:
     /// Result: false for a null path, which changes nothing, or a file that can't be opened; no log is then
     /// open.
     bool OpenLogFileForRead(char* path);
-    /// Smooths position and speed from the next record on.
+    /// Smooths fixes from the next record on, by the model that SetFilterModel chose.
     void OpenFilter();
     /// Leaves records as they are from the next one on. The state of the smoothing stays.
     void CloseFilter();
+    /// Chooses how fixes are smoothed from the next record on, and doesn't switch smoothing on. Whenever the
+    /// model changes, the new one starts fresh; choosing the one at work changes nothing. The velocity model
+    /// starts fresh with each log too, the acceleration model goes on from the state that it has. It is
+    /// FILTERMODEL_ACCELERATION until this is called.
+    /// model: a value that is no model changes nothing.
+    void SetFilterModel(FILTERMODEL model);
 
     /// Opens a file to write behind what is there; one that can't be opened for that is begun anew, if that
     /// can be done. A log that is open stays open, and the path is ignored.

@@ -1,13 +1,11 @@
 #include "GpsLib/log/CGPSLogDeviceImpl.h"
 
-#include "GpsLib/filter/CGPSFilter.h"
 #include "GpsLib/nmea/CNMEAParser.h"
 
 namespace GPS
 {
 
-CGPSLogDeviceImpl::CGPSLogDeviceImpl() noexcept
-    : logType(LOGTYPE_NMEA), readFormat(0), filterOn(false), filter(CGPSFilter::Make())
+CGPSLogDeviceImpl::CGPSLogDeviceImpl() noexcept : logType(LOGTYPE_NMEA), readFormat(0)
 {
     CNMEAParser::ResetAccumulator(accumulator);
 }
@@ -16,8 +14,6 @@ CGPSLogDeviceImpl::~CGPSLogDeviceImpl()
 {
     readFile.reset();
     writeFile.reset();
-    delete filter;
-    filter = nullptr;
 }
 
 } // namespace GPS

@@ -6,14 +6,13 @@
 
 #include "GpsLib/contracts/KestThread.h"
 #include "GpsLib/device/CSharers.h"
+#include "GpsLib/filter/CSmoothing.h"
 #include "GpsLib/log/CStdioFile.h"
 #include "GpsLib/log/LOGTYPE.h"
 #include "GpsLib/records/GPSRecords.h"
 
 namespace GPS
 {
-
-class CGPSFilter;
 
 /// The work behind CGPSLogDevice, whose operations of the same name say what each does, and the receiver's
 /// log writer.
@@ -40,8 +39,9 @@ public:
     // ---- Replay
 
     bool OpenLogFileForRead(const char* path);
-    void OpenFilter() noexcept { filterOn = true; }
-    void CloseFilter() noexcept { filterOn = false; }
+    void OpenFilter() noexcept { smoothing.SwitchOn(); }
+    void CloseFilter() noexcept { smoothing.SwitchOff(); }
+    void SetFilterModel(FILTERMODEL model) noexcept { smoothing.SetModel(model); }
     /// Reads a line, or a piece of 254 bytes of a longer one; a bare LF comes out as CR LF.
     /// buffer: 256 bytes, of which `size` are zero-filled first.
     /// size: 255 [byte], for the longest piece and the CR that it may get.
@@ -62,9 +62,8 @@ private:
     std::uint32_t readFormat;     // the parser's format; 0, the only one there is
     KestThread::Mutex writeLock;  // held around each write and each change of `writeFile`
     _GPS_Data lastData;           // the last record that the replay gave
-    bool filterOn;
-    CGPSFilter* filter;         // owned; null when the allocation failed
-    _GPS_Satellite accumulator; // this feed's own GSV group, which no other feed can disturb
+    CSmoothing smoothing;         // switched by any thread, worked by the replay
+    _GPS_Satellite accumulator;   // this feed's own GSV group, which no other feed can disturb
 
 public:
     CSharers sharers; // the façades that hold this object

@@ -3,7 +3,6 @@
 
 #include <cstring>
 
-#include "GpsLib/filter/SmoothFix.h"
 #include "GpsLib/nmea/CNMEAParser.h"
 #include "GpsLib/nmea/ClosesEpoch.h"
 
@@ -36,6 +35,7 @@ bool CGPSLogDeviceImpl::OpenLogFileForRead(const char* path)
         return false;
     }
     readFile.reset(std::fopen(path, "rb"));
+    smoothing.BeginDrive();
     return readFile != nullptr;
 }
 
@@ -63,9 +63,7 @@ bool CGPSLogDeviceImpl::NextFix(_GPS_Data& record)
     if (!GatherFix(record)) {
         return false;
     }
-    if (filterOn && filter != nullptr) {
-        SmoothFix(*filter, record);
-    }
+    smoothing.Smooth(record);
     lastData = record;
     return true;
 }
