@@ -23,6 +23,17 @@ set(KEST_GPS_PUBLIC_HEADERS
     GpsLib/log/LOGTYPE.h
     GpsLib/records/GPSRecords.h
     GpsLib/simu/CGPSSimuDevice.h
+    layers/adapter/AdapterCounts.h
+    layers/adapter/CFixEpochs.h
+    layers/adapter/CMissingGga.h
+    layers/adapter/CSatellitesInView.h
+    layers/adapter/CSatellitesUsed.h
+    layers/adapter/CSentenceAdapter.h
+    layers/adapter/CSentenceCutter.h
+    layers/adapter/CSentenceFields.h
+    layers/adapter/CSentenceSink.h
+    layers/adapter/FieldText.h
+    layers/adapter/Talkers.h
     layers/event/EventReceivers.h
     layers/platform/PortMap.h
     layers/route/CGuidePath.h)

@@ -1,0 +1,91 @@
+#include "layers/adapter/CSatellitesInView.h"
+
+#include "layers/adapter/FieldText.h"
+
+namespace adapter
+{
+
+namespace
+{
+
+constexpr std::size_t HEAD = 3;  // total, number, satellites in view
+constexpr std::size_t ENTRY = 4; // number, elevation, azimuth, signal-to-noise ratio
+constexpr std::size_t ENTRIES_MOST = 4;
+
+/// Result: true when all entries that have a number have a place in a record.
+bool AllHavePlaces(const CSentenceFields& fields) noexcept
+{
+    for (std::size_t number = HEAD + 1; number <= fields.Last(); number += ENTRY) {
+        if (!fields[number].empty() && !IsSatellite(fields[number])) {
+            return false;
+        }
+    }
+    return true;
+}
+
+/// Leaves in what has a place in a record.
+void DropEntries(CSentenceFields& fields) noexcept
+{
+    std::size_t kept = HEAD;
+    for (std::size_t number = HEAD + 1; number + ENTRY - 1 <= fields.Last(); number += ENTRY) {
+        if (!IsSatellite(fields[number])) {
+            continue;
+        }
+        for (std::size_t i = 0; i < ENTRY; ++i) {
+            fields.Set(++kept, fields[number + i]);
+        }
+    }
+    fields.CutBehind(kept);
+}
+
+} // namespace
+
+SatelliteVerdict CSatellitesInView::Judge(CSentenceFields& fields) noexcept
+{
+    SatelliteVerdict verdict;
+    const std::size_t behind = fields.Last() - HEAD;
+    const bool today = behind % ENTRY == 1 && fields[fields.Last()].size() <= 1;
+    if (fields.Last() < HEAD || behind / ENTRY > ENTRIES_MOST || (behind % ENTRY != 0 && !today)) {
+        return verdict; // no form that is known: the parser may see
+    }
+    const std::string_view signal = today ? fields[fields.Last()] : std::string_view();
+    if (today) {
+        fields.CutBehind(fields.Last() - 1);
+    }
+    const USE use = signal.empty() ? ALL : Use(signal[0], NumberOf(fields[1]), NumberOf(fields[2]));
+    if (use == NOTHING) {
+        verdict.goesOut = false;
+        return verdict;
+    }
+    const bool places = AllHavePlaces(fields);
+    verdict.changed = today || !places;
+    verdict.why = places ? CHANGE_SIGNAL : CHANGE_SATELLITES;
+    if (use == NO_ENTRIES) {
+        fields.CutBehind(HEAD);
+    } else if (verdict.changed) {
+        DropEntries(fields);
+    }
+    return verdict;
+}
+
+CSatellitesInView::USE CSatellitesInView::Use(char signal, int total, int number) noexcept
+{
+    const bool begins = number <= 1;
+    const bool alone = begins && signal == lastBegun;
+    if (begins) {
+        lastBegun = signal;
+    }
+    if (chosen == 0 || signal == '1' || alone) {
+        chosen = signal;
+    }
+    const bool spans = !begins && total == openTotal && number == openNumber + 1;
+    if (signal != chosen && !spans) {
+        openTotal = 0; // what follows of this group belongs to it
+        return NOTHING;
+    }
+    openTotal = total;
+    openNumber = number;
+    return signal == chosen ? ALL : NO_ENTRIES;
+}
+
+} // namespace adapter

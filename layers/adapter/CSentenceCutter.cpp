@@ -1,0 +1,79 @@
+#include "layers/adapter/CSentenceCutter.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace adapter
+{
+
+namespace
+{
+
+/// Result: where the byte is, or `length` when it isn't there.
+std::size_t Find(char byte, const char* bytes, std::size_t length) noexcept
+{
+    const void* const found = std::memchr(bytes, byte, length);
+    return found != nullptr ? static_cast<std::size_t>(static_cast<const char*>(found) - bytes) : length;
+}
+
+} // namespace
+
+std::size_t CSentenceCutter::Take(const char* bytes, std::size_t length) noexcept
+{
+    if (state != INSIDE) {
+        return SkipStray(bytes, length);
+    }
+    const std::size_t line = Find('\n', bytes, length);
+    const std::size_t next = Find('$', bytes, line);
+    std::size_t taken = next;
+    if (next < line || line < length) {
+        state = ENDED;
+        taken += next == line ? 1 : 0; // the line feed belongs to the sentence
+    }
+    Append(bytes, taken);
+    return taken;
+}
+
+void CSentenceCutter::EndLine() noexcept
+{
+    if (text[count - 1] == '\n') {
+        return;
+    }
+    while (text[count - 1] == '\r') { // not for ever: the first one is "$"
+        --count;
+    }
+    text[count++] = '\r';
+    text[count++] = '\n';
+}
+
+bool CSentenceCutter::End() noexcept
+{
+    const bool inside = state == INSIDE;
+    state = inside ? ENDED : OUTSIDE;
+    return inside;
+}
+
+std::size_t CSentenceCutter::SkipStray(const char* bytes, std::size_t length) noexcept
+{
+    const std::size_t stray = Find('$', bytes, length);
+    strayBytes += stray;
+    state = OUTSIDE;
+    if (stray == length) {
+        return length;
+    }
+    state = INSIDE;
+    kept = true;
+    count = 0;
+    Append("$", 1);
+    return stray + 1;
+}
+
+void CSentenceCutter::Append(const char* bytes, std::size_t length) noexcept
+{
+    const std::size_t fits = std::min(length, LONGEST - count);
+    std::memcpy(text + count, bytes, fits);
+    count += fits;
+    kept = kept && fits == length;
+}
+
+} // namespace adapter

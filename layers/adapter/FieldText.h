@@ -1,0 +1,44 @@
+// FieldText.h: what the adapter reads and cuts in the text of a field.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+
+namespace adapter
+{
+
+/// A time of the day as text, to be compared: "101500.00" and "101500" are the same.
+class CTimeText
+{
+public:
+    /// No time, which is the same as no other.
+    CTimeText() noexcept = default;
+    /// field: hhmmss with or without decimals; anything else is no time. Nine decimals count.
+    explicit CTimeText(std::string_view field) noexcept;
+
+    bool Known() const noexcept { return length > 0; }
+    bool SameAs(const CTimeText& other) const noexcept;
+
+private:
+    std::array<char, 16> text{};
+    std::size_t length = 0;
+};
+
+constexpr int SATELLITE_MOST = 64; // the highest number that has a place in a record
+
+/// Result: the field's number as a parser reads it, up to 999; 0 where there is none.
+int NumberOf(std::string_view field) noexcept;
+/// Result: true for 1 to SATELLITE_MOST.
+bool IsSatellite(std::string_view field) noexcept;
+/// number: 0 to SATELLITE_MOST. Result: two digits that last.
+std::string_view TwoDigits(int number) noexcept;
+
+/// Result: how many characters stand behind the decimal point.
+std::size_t Decimals(std::string_view field) noexcept;
+/// Result: the field without its decimals and their point.
+std::string_view WithoutDecimals(std::string_view field) noexcept;
+/// Result: the field without zeros at the end of its decimals, and without the point if none is left.
+std::string_view WithoutLastZeros(std::string_view field) noexcept;
+
+} // namespace adapter
