@@ -1,4 +1,5 @@
-# What a device build takes: two libraries, the headers that applications include, a CMake package, a .pc file.
+# What a device build takes: the library, that of the layers if there are any, the headers that applications include, a
+# CMake package, a .pc file.
 include(CMakePackageConfigHelpers)
 
 set(KEST_GPS_INCLUDEDIR ${CMAKE_INSTALL_INCLUDEDIR}/Kest_GPS)
@@ -22,30 +23,43 @@ set(KEST_GPS_PUBLIC_HEADERS
     GpsLib/log/CGPSLogDevice.h
     GpsLib/log/LOGTYPE.h
     GpsLib/records/GPSRecords.h
-    GpsLib/simu/CGPSSimuDevice.h
-    layers/adapter/AdapterCounts.h
-    layers/adapter/CFixEpochs.h
-    layers/adapter/CMissingGga.h
-    layers/adapter/CSatellitesInView.h
-    layers/adapter/CSatellitesUsed.h
-    layers/adapter/CSentenceAdapter.h
-    layers/adapter/CSentenceCutter.h
-    layers/adapter/CSentenceFields.h
-    layers/adapter/CSentenceSink.h
-    layers/adapter/FieldText.h
-    layers/adapter/Talkers.h
-    layers/event/EventReceivers.h
-    layers/platform/PortMap.h
-    layers/route/CGuidePath.h)
+    GpsLib/simu/CGPSSimuDevice.h)
+set(KEST_GPS_LAYER_HEADERS
+    adapter/AdapterCounts.h
+    adapter/CFixEpochs.h
+    adapter/CMissingGga.h
+    adapter/CSatellitesInView.h
+    adapter/CSatellitesUsed.h
+    adapter/CSentenceAdapter.h
+    adapter/CSentenceCutter.h
+    adapter/CSentenceFields.h
+    adapter/CSentenceSink.h
+    adapter/FieldText.h
+    adapter/Talkers.h
+    event/EventReceivers.h
+    platform/PortMap.h
+    route/CGuidePath.h)
+foreach(header ${KEST_GPS_LAYER_HEADERS})
+    get_filename_component(layer ${header} DIRECTORY)
+    if(TARGET kest_layer_${layer})
+        list(APPEND KEST_GPS_PUBLIC_HEADERS layers/${header})
+    endif()
+endforeach()
 foreach(header ${KEST_GPS_PUBLIC_HEADERS})
     get_filename_component(folder ${header} DIRECTORY)
     install(FILES ${header} DESTINATION ${KEST_GPS_INCLUDEDIR}/${folder})
 endforeach()
 
-install(TARGETS Kest_GPS Kest_Layers kest_contracts EXPORT Kest_GPSTargets)
+set(KEST_GPS_LIBRARIES Kest_GPS)
+if(TARGET Kest_Layers)
+    list(APPEND KEST_GPS_LIBRARIES Kest_Layers)
+endif()
+install(TARGETS ${KEST_GPS_LIBRARIES} kest_contracts EXPORT Kest_GPSTargets)
 install(EXPORT Kest_GPSTargets NAMESPACE Kest:: DESTINATION ${KEST_GPS_PACKAGEDIR})
 write_basic_package_version_file(${CMAKE_CURRENT_BINARY_DIR}/Kest_GPSConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
+list(TRANSFORM KEST_GPS_LIBRARIES PREPEND -l OUTPUT_VARIABLE KEST_GPS_LINKED)
+list(JOIN KEST_GPS_LINKED " " KEST_GPS_LINKED)
 configure_file(cmake/Kest_GPS.pc.in Kest_GPS.pc @ONLY)
 install(FILES cmake/Kest_GPSConfig.cmake ${CMAKE_CURRENT_BINARY_DIR}/Kest_GPSConfigVersion.cmake
     DESTINATION ${KEST_GPS_PACKAGEDIR})
