@@ -1,4 +1,5 @@
-// GpsExport.h: marks what leaves the shared library; everything else in it is hidden.
+// GpsExport.h: marks what leaves the shared library; everything else in it is hidden. On Windows Kest_GPS.def
+// names it.
 #pragma once
 
 #if defined(_WIN32)
