@@ -248,7 +248,7 @@ void PrintState()
 {
     Row("state: closed receiver", StateOf([] { return std::make_unique<GPS::CGPSCOMDevice>(); }), 0, "byte");
     Row("state: replay", StateOf([] { return std::make_unique<GPS::CGPSLogDevice>(); }), 0, "byte");
-    route::CGuidePath path(std::vector<tagLonLat>{{11.0, 48.0}, {11.1, 48.1}});
+    route::CGuidePath path({{11.0, 48.0}, {11.1, 48.1}});
     Row("state: simulated drive", StateOf([&path] {
             auto device = std::make_unique<GPS::CGPSSimuDevice>();
             device->SetSimuParam(&path, 1.0, 50.0);

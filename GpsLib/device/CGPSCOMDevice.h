@@ -90,13 +90,14 @@ public:
     void SetFilterModel(FILTERMODEL model);
 
     /// Copies the raw sentences to a file, behind what is there; a log that is open goes on in its own file.
-    /// After the device was closed and opened again, nothing is copied until this is called anew.
+    /// CloseGPS ends the copying but leaves the file open, until StopWriteLog or the end of the device; after
+    /// another OpenGPS nothing is copied until this is called anew.
     /// path: borrowed for the call.
     /// Result: false before OpenGPS and after CloseGPS, or when no log is open and the path is null or can't
     /// be opened.
     bool StartWriteLog(char* path, LOGTYPE type);
-    /// Ends the copying and closes the file.
-    /// Result: true when a log was open. On a closed device false, and a log stays open for the next opening.
+    /// Ends the copying and closes the file, which then holds all that was copied; on a closed device too.
+    /// Result: true when a log was open.
     bool StopWriteLog();
 
     /// How the speed behaves over the last three epochs, on whole km/h. A speed beyond int's range counts as

@@ -177,7 +177,7 @@ bool CGPSCOMDeviceImpl::StopWriteLog()
     if (listener != nullptr) {
         listener->SetWriteLog(false);
     }
-    return listener != nullptr && logWriter != nullptr && logWriter->CloseLogFile();
+    return logWriter != nullptr && logWriter->CloseLogFile(); // on a closed device too
 }
 
 } // namespace GPS

@@ -21,11 +21,16 @@ Assignments& TheAssignments()
     return assignments;
 }
 
+bool IsPort(std::uint32_t portNumber) noexcept
+{
+    return portNumber >= 1 && portNumber <= PORT_MAX;
+}
+
 } // namespace
 
 bool AssignPort(std::uint32_t portNumber, const std::string& path)
 {
-    if (portNumber == 0) {
+    if (!IsPort(portNumber)) {
         return false;
     }
     Assignments& assignments = TheAssignments();
@@ -40,7 +45,7 @@ bool AssignPort(std::uint32_t portNumber, const std::string& path)
 
 std::string PortPath(std::uint32_t portNumber)
 {
-    if (portNumber == 0) {
+    if (!IsPort(portNumber)) {
         return {};
     }
     Assignments& assignments = TheAssignments();

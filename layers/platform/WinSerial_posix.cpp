@@ -37,19 +37,12 @@ public:
 // Result: the n of "COMn:", 0 for any other name.
 std::uint32_t PortNumber(const wchar_t* name)
 {
-    constexpr std::uint32_t LARGEST = 999999999; // so that nothing overflows on the way
-    if (name == nullptr || std::wcsncmp(name, L"COM", 3) != 0) {
+    constexpr std::size_t DIGIT = 3; // behind "COM"
+    if (name == nullptr || std::wcsncmp(name, L"COM", DIGIT) != 0 || name[DIGIT] < L'1' ||
+        name[DIGIT] > L'9' || std::wcscmp(name + DIGIT + 1, L":") != 0) {
         return 0;
     }
-    std::uint32_t number = 0;
-    const wchar_t* digit = name + 3;
-    for (; *digit >= L'0' && *digit <= L'9'; ++digit) {
-        if (number > LARGEST / 10) {
-            return 0;
-        }
-        number = number * 10 + static_cast<std::uint32_t>(*digit - L'0');
-    }
-    return std::wcscmp(digit, L":") == 0 ? number : 0;
+    return static_cast<std::uint32_t>(name[DIGIT] - L'0');
 }
 
 } // namespace

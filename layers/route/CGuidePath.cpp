@@ -76,6 +76,11 @@ CGuidePath::CGuidePath(std::vector<tagLonLat> polyline) : points(std::move(polyl
     NumberBlocks();
 }
 
+CGuidePath::CGuidePath(std::initializer_list<tagLonLat> polyline)
+    : CGuidePath(std::vector<tagLonLat>(polyline))
+{
+}
+
 CGuidePath::~CGuidePath() = default;
 
 void CGuidePath::NumberBlocks() noexcept

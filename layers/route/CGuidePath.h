@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <initializer_list>
 #include <vector>
 
 #include "GpsLib/contracts/KestRoute.h"
@@ -26,6 +27,8 @@ public:
     /// polyline: [deg].
     /// Throws std::bad_alloc.
     explicit CGuidePath(std::vector<tagLonLat> polyline);
+    /// The same of points that are written out: `CGuidePath path({{10.0, 50.0}, {10.01, 50.0}});`.
+    explicit CGuidePath(std::initializer_list<tagLonLat> polyline);
 
     CGuidePath(const CGuidePath&) = delete;
     CGuidePath& operator=(const CGuidePath&) = delete;

@@ -1,6 +1,5 @@
 // What replay, smoothing and the simulated drive take from the heap.
 #include <memory>
-#include <vector>
 
 #include "GpsLib/filter/CGPSFilter.h"
 #include "layers/route/CGuidePath.h"
@@ -13,7 +12,7 @@ namespace
 
 TEST(DeviceHeap, RecordsOfADriveOrAReplayTakeNothing)
 {
-    route::CGuidePath path(std::vector<tagLonLat>{{11.0, 48.0}, {11.1, 48.0}, {11.1, 48.1}});
+    route::CGuidePath path({{11.0, 48.0}, {11.1, 48.0}, {11.1, 48.1}});
     GPS::CGPSSimuDevice drive;
     ASSERT_TRUE(drive.SetSimuParam(&path, 1.0, 100.0) && drive.BeginSimu());
     const support::TemporaryFolder folder;

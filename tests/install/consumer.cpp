@@ -15,7 +15,7 @@ struct Listener final : CommListener {
 
 bool Drives()
 {
-    route::CGuidePath path(std::vector<tagLonLat>{{11.0, 48.0}, {11.001, 48.0}});
+    route::CGuidePath path({{11.0, 48.0}, {11.001, 48.0}});
     GPS::CGPSSimuDevice simulation;
     _GPS_Data fix;
     return simulation.SetSimuParam(&path, 1.0, 60.0) && simulation.BeginSimu() &&

@@ -25,19 +25,21 @@ protected:
 TEST(SerialLayerPortMap, NumberStandsForTheSystemsPortUntilAssigned)
 {
     EXPECT_EQ(platform::PortPath(1), "/dev/ttyS0");
-    EXPECT_EQ(platform::PortPath(10), "/dev/ttyS9");
+    EXPECT_EQ(platform::PortPath(9), "/dev/ttyS8");
     EXPECT_TRUE(platform::AssignPort(1, "/dev/ttyUSB3"));
     EXPECT_EQ(platform::PortPath(1), "/dev/ttyUSB3");
     EXPECT_TRUE(platform::AssignPort(1, ""));
     EXPECT_EQ(platform::PortPath(1), "/dev/ttyS0");
-    EXPECT_FALSE(platform::AssignPort(0, "/dev/ttyUSB3"));
-    EXPECT_EQ(platform::PortPath(0), "");
+    for (const std::uint32_t none : {0U, 10U}) {
+        EXPECT_FALSE(platform::AssignPort(none, "/dev/ttyUSB3"));
+        EXPECT_EQ(platform::PortPath(none), "");
+    }
 }
 
 TEST_F(SerialLayerPort, OpensNothingButAPortsNameAndATerminal)
 {
-    const wchar_t* const others[] = {L"",      L"COM7",   L"COM:",  L"COM-7:",         L"com7:",
-                                     L"LPT7:", L"COM7:x", L"COM0:", L"COM4294967303:", nullptr};
+    const wchar_t* const others[] = {L"",      L"COM7",   L"COM:",  L"COM-7:", L"com7:",
+                                     L"LPT7:", L"COM7:x", L"COM0:", L"COM07:", nullptr};
     for (const wchar_t* name : others) {
         EXPECT_EQ(OpenNamed(name), INVALID_HANDLE_VALUE) << (name != nullptr ? name : L"null");
     }

@@ -179,7 +179,7 @@ TEST_F(Receiver, LossAndSmoothingGoOnOverAClose)
     EXPECT_NE(Current().lonLat.lon, 123.0) << "smoothed with the one before";
 }
 
-TEST_F(Receiver, LogStaysOpenOverACloseAndItsTypeIsTheLatest)
+TEST_F(Receiver, LogStaysOpenUntilItIsStoppedAndItsTypeIsTheLatest)
 {
     const support::TemporaryFolder folder;
     std::string one = folder.Path("one");
@@ -190,7 +190,6 @@ TEST_F(Receiver, LogStaysOpenOverACloseAndItsTypeIsTheLatest)
     EXPECT_TRUE(device->StartWriteLog(one.data(), LOGTYPE_NMEA));
     Feed(Gga(121, 31));
     device->CloseGPS();
-    EXPECT_FALSE(device->StopWriteLog()) << "and the log stays open";
     ASSERT_TRUE(device->OpenGPS());
     Feed(Gga(122, 31)); // in no log
     EXPECT_TRUE(device->StartWriteLog(two.data(), LOGTYPE_NMEA)) << "goes on in the first file";
@@ -202,7 +201,13 @@ TEST_F(Receiver, LogStaysOpenOverACloseAndItsTypeIsTheLatest)
     EXPECT_TRUE(device->StartWriteLog(one.data(), LOGTYPE_NMEA));
     FakeEventHouse::onSend = [this](const event::CustomEvent&) { device->StopWriteLog(); };
     Feed(Gga(126, 31)); // logged before its events are told
-    EXPECT_EQ(folder.Content("one"), Gga(121, 31) + Gga(123, 31) + Gga(126, 31));
+    FakeEventHouse::onSend = nullptr;
+    EXPECT_TRUE(device->StartWriteLog(one.data(), LOGTYPE_NMEA));
+    Feed(Gga(127, 31));
+    device->CloseGPS();
+    EXPECT_TRUE(device->StopWriteLog()) << "behind the close as before it";
+    EXPECT_EQ(folder.Content("one"), Gga(121, 31) + Gga(123, 31) + Gga(126, 31) + Gga(127, 31));
+    EXPECT_FALSE(device->StopWriteLog());
     EXPECT_FALSE(std::filesystem::exists(two));
 }
 
