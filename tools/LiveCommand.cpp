@@ -7,6 +7,7 @@
 
 #include "tools/LiveRun.h"
 #include "tools/OptionChecks.h"
+#include "tools/SmoothOption.h"
 
 namespace kestgps
 {
@@ -17,7 +18,10 @@ LiveCommand::LiveCommand(CLI::App& app)
     AddSourceOptions(*live);
     AddPortOptions(*live);
     AddOutputOptions(*live);
-    live->callback([this] { CheckSource(); });
+    live->callback([this] {
+        CheckSource();
+        CheckModel(options.smooth);
+    });
     command = live;
 }
 
@@ -53,7 +57,7 @@ void LiveCommand::AddOutputOptions(CLI::App& live)
         ->transform(Within(1, EPOCHS_MOST));
     live.add_flag("--events", options.events, "Print the events too");
     live.add_flag("--state", options.state, "Add how speed and heading behave");
-    live.add_flag("--smooth", options.smooth, "Smooth position and speed");
+    AddSmoothOption(live, options.smooth);
     live.add_option("--log", options.log, "Append the sentences to this file");
 }
 

@@ -25,9 +25,9 @@ struct LiveOptions {
     double seconds = 0.0;     ///< [s] after which to end; 0 is never
     std::uint64_t epochs = 0; ///< after which to end; 0 is never
     bool events = false;
-    bool smooth = false;
     bool state = false;
-    std::string log; ///< file; empty is none
+    std::string smooth; ///< model; empty is none
+    std::string log;    ///< file; empty is none
 };
 
 } // namespace kestgps

@@ -9,6 +9,7 @@
 #include "tools/EpochLine.h"
 #include "tools/ErrorLine.h"
 #include "tools/PortFailure.h"
+#include "tools/SmoothOption.h"
 #include "tools/ToolError.h"
 
 namespace kestgps
@@ -81,9 +82,7 @@ void LiveRun::OpenReceiver()
     }
     device.SetGPSCOMParam(port, options.baudRate, ParityValue(options.parity), options.dataBits,
                           options.stopBits - 1);
-    if (options.smooth) {
-        device.OpenFilter();
-    }
+    SwitchSmoothing(device, options.smooth);
     if (!device.OpenGPS()) {
         throw ToolError(WhyPortFailed(platform::PortPath(port), SettingsText(options)));
     }

@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <utility>
 
 #include <CLI/CLI.hpp>
 #include <unistd.h>
@@ -15,6 +16,7 @@
 #include "tools/OptionChecks.h"
 #include "tools/Pace.h"
 #include "tools/ProgressLine.h"
+#include "tools/SmoothOption.h"
 #include "tools/ToolError.h"
 
 namespace kestgps
@@ -54,11 +56,24 @@ ReplayCommand::ReplayCommand(CLI::App& app)
     constexpr double RATE_LEAST = 0.001;
     constexpr double RATE_MOST = 1e6;
     CLI::App* const replay = app.add_subcommand("replay", "Print the fixes of a log");
-    replay->add_option("FILE", file, "Log of NMEA sentences")->required();
-    replay->add_flag("--smooth", smooth, "Smooth position and speed");
+    replay->add_option("FILE", file, "Log of NMEA sentences; must be there"); // see TellFileFromModel
+    AddSmoothOption(*replay, smooth);
     replay->add_option("--rate", rate, "Epochs a second (as fast as it goes)")
         ->transform(Within(RATE_LEAST, RATE_MOST));
+    replay->callback([this] { TellFileFromModel(); });
     command = replay;
+}
+
+/// An option whose value may be missing takes a FILE behind it for one, so FILE is asked for here.
+void ReplayCommand::TellFileFromModel()
+{
+    if (file.empty() && !IsModel(smooth)) {
+        file = std::exchange(smooth, smooth.empty() ? "" : DEFAULT_MODEL);
+    }
+    if (file.empty()) {
+        throw CLI::RequiredError("FILE");
+    }
+    CheckModel(smooth);
 }
 
 bool ReplayCommand::Chosen() const
@@ -73,9 +88,7 @@ int ReplayCommand::Run()
     if (!log.OpenLogFileForRead(path.data())) { // a signal still ends the process here
         throw ToolError("can't read " + file + ": " + ErrorText(errno));
     }
-    if (smooth) {
-        log.OpenFilter();
-    }
+    SwitchSmoothing(log, smooth);
     if (PrintEpochs(log) == 0) {
         RefuseOtherFiles();
     }

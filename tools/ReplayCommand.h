@@ -31,11 +31,12 @@ private:
     /// Result: the epochs of the log, as far as it was read.
     std::uint64_t PrintEpochs(GPS::CGPSLogDevice& log) const;
     void RefuseOtherFiles() const;
+    void TellFileFromModel();
 
     const CLI::App* command; // borrowed
     std::string file;
-    bool smooth = false;
-    double rate = 0.0; // [1/s] epochs; 0 for as fast as it goes
+    std::string smooth; // model; empty is none
+    double rate = 0.0;  // [1/s] epochs; 0 for as fast as it goes
 };
 
 } // namespace kestgps

@@ -13,6 +13,7 @@
 
 #include "LineReader.h"
 #include "NmeaReading.h"
+#include "tests/support/Sentence.h"
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/Program.h"
 #include "tools/DemoDrive.h"
@@ -54,6 +55,9 @@ const Complaint COMPLAINTS[] = {
     {"replay /dev/null", 1, "gave no epoch"},
     {"replay /etc/passwd", 1, "is no NMEA log"},
     {"replay /etc/passwd --rate 0", 2, "--rate"},
+    {"replay --smooth", 2, "FILE"},
+    {"replay --smooth velocty /etc/passwd", 2, "velocty is no model"},
+    {"live --demo --smooth velocty", 2, "velocty is no model"},
     {"simulate", 2, "ROUTE"},
     {"simulate /none", 1, "can't read /none: No such file"},
     {"simulate /", 1, "can't read /"},
@@ -150,6 +154,28 @@ TEST(CommandLine, EmulatePlaysTheDriveUnderBothItsNames)
     EXPECT_TRUE(LineReader(link).ReadToEnd() == kestgps::DemoDrive());
     EXPECT_EQ(program.Status(), 0);
     EXPECT_NE(access(link.c_str(), F_OK), 0);
+}
+
+// The acceleration model rewrites the speed, the velocity model leaves it; both move the second fix.
+TEST(CommandLine, SmoothTakesAModelsNameOrNoneInFrontOfTheFileToo)
+{
+    const support::TemporaryFolder folder;
+    std::string drive;
+    for (const char* const second : {"1", "2"}) {
+        const std::string place =
+            std::string(",10150") + second + ",3114.00" + second + ",N,12129.00" + second;
+        drive += support::Sentence("GPRMC" + place.substr(0, 7) + ",A" + place.substr(7) +
+                                   ",E,10.0,045.0,221126,,") +
+                 support::Sentence("GPGGA" + place + ",E,1,08,0.9,12.5,M,,M,,");
+    }
+    const std::string log = folder.File("log", drive);
+    const auto last = [](const std::string& arguments) { return Program("replay " + arguments).LastLine(); };
+    const std::string velocity = last("--smooth velocity " + log);
+    EXPECT_EQ(velocity.substr(39), last(log).substr(39));
+    EXPECT_NE(velocity, last(log));
+    EXPECT_NE(last(log + " --smooth acceleration").substr(39), velocity.substr(39));
+    EXPECT_EQ(last("--smooth " + log + " --rate 1000"), velocity);
+    EXPECT_EQ(last(log + " --smooth"), velocity);
 }
 
 TEST(EpochLine, WithoutAFixShowsNoPosition)
