@@ -26,7 +26,7 @@ std::string DecimalText(double value, int decimals)
 
 std::int64_t Scaled(double value, int decimals) noexcept
 {
-    constexpr double LIMIT = 1e9; // with 7 decimals still far inside 64 bits
+    constexpr double LIMIT = 1e9; // with 9 decimals still inside 64 bits
     if (std::isnan(value)) {
         return 0;
     }

@@ -12,7 +12,7 @@ namespace kestgps
 std::string ScaledText(std::int64_t scaled, int decimals, int digits = 1);
 
 /// Rounds to nearest, halves away from zero. Never "-0.0".
-/// value: held to 1e9 on either side; what is no number counts as 0. decimals: 0 to 7.
+/// value: held to 1e9 on either side; what is no number counts as 0. decimals: 0 to 9.
 std::string DecimalText(double value, int decimals);
 
 /// Result: value times 10 to the power of `decimals` as DecimalText rounds it.

@@ -2,36 +2,27 @@
 #pragma once
 
 #include <cstdint>
-#include <fstream>
-#include <string>
 
 #include "GpsLib/records/GPSRecords.h"
+#include "tools/DriveClock.h"
+#include "tools/OutputFile.h"
 
 namespace kestgps
 {
 
-/// A file of NMEA sentences, GGA last in each burst, that replays to the same positions within the sentences'
-/// resolution. A simulated record has no time, so the drive begins at midnight UTC of a fixed day and takes a
-/// time step each.
+/// Sentences, GGA last in each burst, that replay to the same positions within the sentences' resolution.
 class DriveLog
 {
 public:
-    /// path: written anew. step: [s] from record to record.
-    /// Throws ToolError when it can't be written.
-    DriveLog(const std::string& path, double step);
+    /// file: borrowed. step: [s] from record to record.
+    DriveLog(OutputFile& file, double step) noexcept : file(file), clock(step) {}
 
     /// Writes one burst. Throws ToolError when it can't be written.
     void Write(_GPS_Data fix);
 
-    /// Writes out what is still held. Throws ToolError when that fails; no Write may follow.
-    void Finish();
-
 private:
-    void Check();
-
-    std::string path;
-    std::ofstream file;
-    double step;
+    OutputFile& file; // borrowed
+    const DriveClock clock;
     std::uint64_t records = 0;
 };
 

@@ -12,6 +12,7 @@
 #include "tools/LineOutput.h"
 #include "tools/OptionChecks.h"
 #include "tools/PlayingThread.h"
+#include "tools/SameFile.h"
 #include "tools/StopSignals.h"
 #include "tools/ToolError.h"
 #include "tools/WholeFile.h"
@@ -24,6 +25,7 @@ namespace
 
 std::string ReadPlayable(const std::string& path)
 {
+    RefuseAsStandardOutput(path);
     std::string text = ReadWholeFile(path);
     if (text.empty()) {
         throw ToolError(path + " is empty; there is nothing to play");
@@ -44,7 +46,8 @@ EmulateCommand::EmulateCommand(CLI::App& app)
 {
     constexpr double PERIOD_MOST = 3600; // [s]
     CLI::App* const emulate = app.add_subcommand("emulate", "Play NMEA sentences on a pseudo-terminal");
-    emulate->add_option("FILE", file, "Sentences to play; without it the demonstration drive");
+    emulate->add_option("FILE", file, "Sentences to play; without it the demonstration drive")
+        ->check(FileName());
     emulate->add_option("--baud", line.baudRate, "Pace of the line in bit/s (9600)")
         ->transform(Within(BAUD_LEAST, BAUD_MOST));
     emulate->add_option("--period", line.period, "Seconds from burst to burst (1)")
@@ -52,7 +55,8 @@ EmulateCommand::EmulateCommand(CLI::App& app)
     emulate->add_option("--factor", line.factor, "How many times faster than that (1)")
         ->transform(Within(FACTOR_LEAST, FACTOR_MOST));
     emulate->add_flag("--loop", loop, "Begin again at the end");
-    emulate->add_option("--link", link, "Another name for the device, until the end");
+    emulate->add_option("--link", link, "Another name for the device, until the end; nothing may have it")
+        ->check(FileName());
     command = emulate;
 }
 
@@ -63,7 +67,7 @@ bool EmulateCommand::Chosen() const
 
 int EmulateCommand::Run()
 {
-    std::string text = TextToPlay(); // a signal still ends the process here
+    std::string text = TextToPlay();
     StopSignals signals;
     LineOutput output(STDOUT_FILENO, signals);
     Emulator emulator(std::move(text), line, loop ? Emulator::REPEAT::FOR_EVER : Emulator::REPEAT::ONCE);
@@ -74,8 +78,9 @@ int EmulateCommand::Run()
     output.Write(emulator.DevicePath()); // nobody has to read it
     WakeUp ended;
     {
-        const PlayingThread player(emulator, [&ended] { ended.Set(); });
+        PlayingThread player(emulator, [&ended] { ended.Set(); });
         signals.Wait(ended.Descriptor(), POLLIN, std::nullopt);
+        player.Finish();
     }
     PrintSummary(emulator.Played());
     return 0;

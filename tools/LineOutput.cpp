@@ -15,7 +15,7 @@ bool LineOutput::Write(std::string line, std::optional<Clock::time_point> deadli
     line += '\n';
     std::string_view left = line;
     while (!left.empty()) {
-        if (signals.Wait(descriptor, POLLOUT, deadline) != StopSignals::WAIT::READY) {
+        if (!AwaitRoom(deadline)) {
             return false;
         }
         const ssize_t written = write(descriptor, left.data(), left.size());
@@ -29,6 +29,15 @@ bool LineOutput::Write(std::string line, std::optional<Clock::time_point> deadli
         }
     }
     return true;
+}
+
+bool LineOutput::AwaitRoom(std::optional<Clock::time_point> deadline)
+{
+    if (signals != nullptr) {
+        return signals->Wait(descriptor, POLLOUT, deadline) == StopSignals::WAIT::READY;
+    }
+    pollfd watched{descriptor, POLLOUT, 0};
+    return PollUntil(&watched, 1, deadline);
 }
 
 } // namespace kestgps

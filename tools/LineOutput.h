@@ -1,4 +1,4 @@
-// LineOutput.h: whole lines to a descriptor, with an eye on the stop signals.
+// LineOutput.h: whole lines to a descriptor.
 #pragma once
 
 #include <optional>
@@ -9,13 +9,15 @@
 namespace kestgps
 {
 
-/// Standard output as a command writes it: each line goes out at once, and a reader that stands still doesn't
-/// keep the command from being stopped.
+/// Standard output as a command writes it: each line goes out at once.
 class LineOutput
 {
 public:
-    /// descriptor, signals: borrowed.
-    LineOutput(int descriptor, StopSignals& signals) noexcept : descriptor(descriptor), signals(signals) {}
+    /// descriptor: borrowed.
+    explicit LineOutput(int descriptor) noexcept : descriptor(descriptor) {}
+    /// signals: borrowed; they end a Write too, so that a reader that stands still doesn't keep the command
+    /// from being stopped.
+    LineOutput(int descriptor, StopSignals& signals) noexcept : descriptor(descriptor), signals(&signals) {}
 
     /// Writes the line and a line end.
     /// line: shorter than 4096 bytes, so that a pipe with room takes it without blocking.
@@ -27,8 +29,10 @@ public:
     bool ReaderGone() const noexcept { return readerGone; }
 
 private:
-    const int descriptor; // borrowed
-    StopSignals& signals; // borrowed
+    bool AwaitRoom(std::optional<Clock::time_point> deadline);
+
+    const int descriptor;           // borrowed
+    StopSignals* signals = nullptr; // borrowed; null leaves them alone
     bool readerGone = false;
 };
 

@@ -7,7 +7,8 @@
 namespace CLI
 {
 class App;
-}
+class Option;
+} // namespace CLI
 
 namespace kestgps
 {
@@ -22,8 +23,9 @@ public:
     int Run() override;
 
 private:
-    void AddSourceOptions(CLI::App& live);
-    void AddPortOptions(CLI::App& live);
+    /// Result: the option of the demonstration; owned by `live`.
+    CLI::Option* AddSourceOptions(CLI::App& live);
+    void AddPortOptions(CLI::App& live, CLI::Option& demo);
     void AddOutputOptions(CLI::App& live);
     void CheckSource() const;
 

@@ -4,11 +4,13 @@
 #include <array>
 #include <string_view>
 
+#include "GpsLib/contracts/WinSerial.h"
 #include "layers/platform/PortMap.h"
 #include "tools/DemoDrive.h"
 #include "tools/EpochLine.h"
 #include "tools/ErrorLine.h"
 #include "tools/PortFailure.h"
+#include "tools/SameFile.h"
 #include "tools/SmoothOption.h"
 #include "tools/ToolError.h"
 
@@ -81,7 +83,7 @@ void LiveRun::OpenReceiver()
         platform::AssignPort(port, DevicePath());
     }
     device.SetGPSCOMParam(port, options.baudRate, ParityValue(options.parity), options.dataBits,
-                          options.stopBits - 1);
+                          options.stopBits == 2 ? TWOSTOPBITS : ONESTOPBIT);
     SwitchSmoothing(device, options.smooth);
     if (!device.OpenGPS()) {
         throw ToolError(WhyPortFailed(platform::PortPath(port), SettingsText(options)));
@@ -90,6 +92,7 @@ void LiveRun::OpenReceiver()
 
 void LiveRun::StartLog()
 {
+    RefuseAsStandardOutput(options.log);
     std::string path = options.log;
     if (!path.empty() && !device.StartWriteLog(path.data(), LOGTYPE_NMEA)) {
         throw ToolError("can't write the log " + path + "; choose another file");
@@ -143,12 +146,14 @@ void LiveRun::TellLostLines()
 int LiveRun::Finish()
 {
     device.CloseGPS(); // no event comes any more
-    player.reset();
     TellLostLines();
     signals.Forget();
     const LiveSummary summary = tap.Summary();
     if (!output.ReaderGone()) {
         output.Write(summary.Text()); // another signal ends it for a reader that stands still
+    }
+    if (player) {
+        player->Finish();
     }
     if (summary.Epochs() == 0) {
         throw ToolError("no epoch came: look at the wiring and the settings (" + SettingsText(options) +

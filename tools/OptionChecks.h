@@ -6,9 +6,15 @@
 namespace kestgps
 {
 
-/// Accepts numbers from `least` to `most`, both included; refuses what is no number. For an option's
-/// `transform`, since it drops zeros in front.
+/// Accepts decimal numbers from `least` to `most`, both included. For an option's `transform`, since it drops
+/// a plus sign and zeros in front.
 CLI::Validator Within(double least, double most);
+
+/// Accepts numbers that are written out with at most so many digits behind the point.
+CLI::Validator AtMostDecimals(std::size_t most);
+
+/// Refuses an empty name, which would count as none.
+CLI::Validator FileName();
 
 // Ranges that several commands share.
 constexpr double BAUD_LEAST = 50;       // [bit/s]

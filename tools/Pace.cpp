@@ -1,6 +1,7 @@
 #include "tools/Pace.h"
 
 #include <algorithm>
+#include <thread>
 
 namespace kestgps
 {
@@ -18,19 +19,12 @@ Clock::duration IntervalOf(double rate) noexcept
 
 } // namespace
 
-Pace::Pace(double rate, StopSignals& signals) noexcept
-    : signals(signals), interval(IntervalOf(rate)), due(Clock::now())
-{
-}
+Pace::Pace(double rate) noexcept : interval(IntervalOf(rate)), due(Clock::now()) {}
 
-bool Pace::AwaitNext()
+void Pace::AwaitNext()
 {
-    constexpr int NOTHING_TO_WATCH = -1;
-    if (signals.Wait(NOTHING_TO_WATCH, 0, due) == StopSignals::WAIT::STOPPED) {
-        return false;
-    }
+    std::this_thread::sleep_until(due);
     due = std::max(due + interval, Clock::now());
-    return true;
 }
 
 } // namespace kestgps

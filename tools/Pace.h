@@ -1,7 +1,7 @@
-// Pace.h: so many epochs a second, and an ear for the stop signals in between.
+// Pace.h: so many epochs a second.
 #pragma once
 
-#include "tools/StopSignals.h"
+#include "tools/PollUntil.h"
 
 namespace kestgps
 {
@@ -10,15 +10,14 @@ namespace kestgps
 class Pace
 {
 public:
-    /// rate: [1/s], 0 for as fast as it goes. signals: borrowed.
-    Pace(double rate, StopSignals& signals) noexcept;
+    /// rate: [1/s], 0 for as fast as it goes.
+    explicit Pace(double rate) noexcept;
 
     /// Waits until the next epoch is due; the first one is at once. Late epochs are not made up for in a
-    /// rush. Result: false when a stop signal came.
-    bool AwaitNext();
+    /// rush.
+    void AwaitNext();
 
 private:
-    StopSignals& signals; // borrowed
     Clock::duration interval;
     Clock::time_point due;
 };

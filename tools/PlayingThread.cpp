@@ -1,16 +1,16 @@
 #include "tools/PlayingThread.h"
 
-#include <exception>
 #include <utility>
 
 namespace kestgps
 {
 
 PlayingThread::PlayingThread(Emulator& emulator, std::function<void()> onEnd)
-    : emulator(emulator), thread([&emulator, onEnd = std::move(onEnd)] {
+    : emulator(emulator), thread([this, onEnd = std::move(onEnd)] {
           try {
-              emulator.Play();
-          } catch (const std::exception&) { // NOLINT(bugprone-empty-catch): a broken line is an end like any
+              this->emulator.Play();
+          } catch (...) {
+              failure = std::current_exception();
           }
           onEnd();
       })
@@ -19,8 +19,23 @@ PlayingThread::PlayingThread(Emulator& emulator, std::function<void()> onEnd)
 
 PlayingThread::~PlayingThread()
 {
-    emulator.Stop();
-    thread.join();
+    Join();
+}
+
+void PlayingThread::Finish()
+{
+    Join();
+    if (failure) {
+        std::rethrow_exception(failure);
+    }
+}
+
+void PlayingThread::Join()
+{
+    if (thread.joinable()) {
+        emulator.Stop();
+        thread.join();
+    }
 }
 
 } // namespace kestgps

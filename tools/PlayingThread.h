@@ -1,6 +1,7 @@
 // PlayingThread.h: an emulator that plays beside everything else.
 #pragma once
 
+#include <exception>
 #include <functional>
 #include <thread>
 
@@ -13,15 +14,21 @@ namespace kestgps
 class PlayingThread
 {
 public:
-    /// emulator: borrowed; not played before. onEnd: called on the thread when Play has returned, for
-    /// whatever reason; must not throw. Throws std::system_error when the system has no thread to give.
+    /// emulator: borrowed; not played before. onEnd: called on the thread when Play has ended, for whatever
+    /// reason; must not throw. Throws std::system_error when the system has no thread to give.
     PlayingThread(Emulator& emulator, std::function<void()> onEnd);
     ~PlayingThread();
     PlayingThread(const PlayingThread&) = delete;
     PlayingThread& operator=(const PlayingThread&) = delete;
 
+    /// Stops the emulator and waits for it. Throws what ended Play, such as a broken line. Called once.
+    void Finish();
+
 private:
-    Emulator& emulator; // borrowed
+    void Join();
+
+    Emulator& emulator;         // borrowed
+    std::exception_ptr failure; // the thread's until it has been joined
     std::thread thread;
 };
 

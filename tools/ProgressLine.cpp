@@ -32,7 +32,7 @@ ProgressLine::ProgressLine(const std::string& file)
 ProgressLine::~ProgressLine()
 {
     if (shown) {
-        static_cast<void>(std::fputs("\r\x1b[K", stderr));
+        static_cast<void>(std::fputs("\x1b[K", stderr));
     }
 }
 
@@ -41,7 +41,7 @@ void ProgressLine::Show(std::uint64_t epochs)
     if (!wanted || Clock::now() < due) {
         return;
     }
-    static_cast<void>(std::fprintf(stderr, "\r%llu epochs", static_cast<unsigned long long>(epochs)));
+    static_cast<void>(std::fprintf(stderr, "%llu epochs\r", static_cast<unsigned long long>(epochs)));
     shown = true;
     due = Clock::now() + BETWEEN_LINES;
 }

@@ -9,8 +9,8 @@
 namespace kestgps
 {
 
-/// A line on standard error that writes over itself, about twice a second; only for a long file, and only
-/// when standard error is a terminal.
+/// A line on standard error that writes over itself, about twice a second, as does whatever comes after it;
+/// only for a long file, and only when standard error is a terminal.
 class ProgressLine
 {
 public:

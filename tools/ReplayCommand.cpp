@@ -16,6 +16,7 @@
 #include "tools/OptionChecks.h"
 #include "tools/Pace.h"
 #include "tools/ProgressLine.h"
+#include "tools/SameFile.h"
 #include "tools/SmoothOption.h"
 #include "tools/ToolError.h"
 
@@ -56,7 +57,8 @@ ReplayCommand::ReplayCommand(CLI::App& app)
     constexpr double RATE_LEAST = 0.001;
     constexpr double RATE_MOST = 1e6;
     CLI::App* const replay = app.add_subcommand("replay", "Print the fixes of a log");
-    replay->add_option("FILE", file, "Log of NMEA sentences; must be there"); // see TellFileFromModel
+    replay->add_option("FILE", file, "Log of NMEA sentences; must be there")
+        ->check(FileName()); // see TellFileFromModel
     AddSmoothOption(*replay, smooth);
     replay->add_option("--rate", rate, "Epochs a second (as fast as it goes)")
         ->transform(Within(RATE_LEAST, RATE_MOST));
@@ -83,9 +85,10 @@ bool ReplayCommand::Chosen() const
 
 int ReplayCommand::Run()
 {
+    RefuseAsStandardOutput(file);
     GPS::CGPSLogDevice log;
     std::string path = file;
-    if (!log.OpenLogFileForRead(path.data())) { // a signal still ends the process here
+    if (!log.OpenLogFileForRead(path.data())) {
         throw ToolError("can't read " + file + ": " + ErrorText(errno));
     }
     SwitchSmoothing(log, smooth);
@@ -97,14 +100,14 @@ int ReplayCommand::Run()
 
 std::uint64_t ReplayCommand::PrintEpochs(GPS::CGPSLogDevice& log) const
 {
-    StopSignals signals;
-    LineOutput output(STDOUT_FILENO, signals);
+    LineOutput output(STDOUT_FILENO);
     ProgressLine progress(file);
-    Pace pace(rate, signals);
+    Pace pace(rate);
     std::uint64_t epochs = 0;
     for (_GPS_Data fix; NextRecord(log, fix); progress.Show(epochs)) {
         ++epochs;
-        if (!pace.AwaitNext() || !output.Write(EpochLine(fix))) {
+        pace.AwaitNext();
+        if (!output.Write(EpochLine(fix))) {
             break;
         }
     }

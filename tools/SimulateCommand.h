@@ -1,14 +1,11 @@
 // SimulateCommand.h: "kestgps simulate", a drive along a route that a file holds.
 #pragma once
 
-#include <cstdint>
-#include <optional>
+#include <functional>
 #include <string>
 
 #include "GpsLib/records/GPSRecords.h"
 #include "tools/Command.h"
-#include "tools/DriveLog.h"
-#include "tools/LineOutput.h"
 
 class CPath;
 namespace CLI
@@ -29,7 +26,9 @@ public:
     int Run() override;
 
 private:
-    void Drive(CPath& path, StopSignals& signals, LineOutput& output, std::optional<DriveLog>& log) const;
+    /// take: gets each fix; false ends the drive.
+    void Drive(CPath& path, const std::function<bool(const _GPS_Data&)>& take) const;
+    void WriteLog(CPath& path) const;
 
     const CLI::App* command; // borrowed
     std::string file;

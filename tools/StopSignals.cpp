@@ -6,6 +6,7 @@
 
 #include <sys/signalfd.h>
 
+#include "tools/SignalEnd.h"
 #include "tools/ToolError.h"
 
 namespace kestgps
@@ -16,11 +17,7 @@ namespace
 
 int HoldBackStopSignals() noexcept
 {
-    std::signal(SIGPIPE, SIG_IGN); // NOLINT(cert-err33-c): can't fail for this signal
-    sigset_t stops;
-    sigemptyset(&stops);
-    sigaddset(&stops, SIGINT);
-    sigaddset(&stops, SIGTERM);
+    const sigset_t stops = StopRequests();
     pthread_sigmask(SIG_BLOCK, &stops, nullptr);
     return signalfd(-1, &stops, SFD_CLOEXEC | SFD_NONBLOCK);
 }

@@ -1,4 +1,4 @@
-// StopSignals.h: SIGINT and SIGTERM as something to wait for beside other things.
+// StopSignals.h: the signals that ask for an end as something to wait for beside other things.
 #pragma once
 
 #include <optional>
@@ -9,9 +9,9 @@
 namespace kestgps
 {
 
-/// From its making on both signals are held back and end a Wait instead of the process, and a write to a pipe
-/// that nobody reads fails instead of ending the process. Made before any thread is, so that all of them
-/// inherit this; it lasts until the process ends.
+/// From its making on the signals (StopRequests) are held back and end a Wait instead of the process. For
+/// commands that go on until they are stopped. Made before any thread is, so that all of them inherit this;
+/// it lasts until the process ends.
 class StopSignals
 {
 public:

@@ -1,4 +1,5 @@
 // main.cpp: kestgps, the library's tool on the command line.
+#include <csignal>
 #include <exception>
 #include <string>
 
@@ -10,6 +11,7 @@
 #include "tools/FileDescriptor.h"
 #include "tools/LiveCommand.h"
 #include "tools/ReplayCommand.h"
+#include "tools/SignalEnd.h"
 #include "tools/SimulateCommand.h"
 
 namespace
@@ -63,6 +65,8 @@ int RunCommandLine(int argc, char** argv)
 int main(int argc, char** argv)
 {
     try {
+        kestgps::EndOnStopRequests();
+        std::signal(SIGPIPE, SIG_IGN); // NOLINT(cert-err33-c): a write says it too, and this one can't fail
         FillStandardStreams();
         return RunCommandLine(argc, argv);
     } catch (const std::exception& error) {

@@ -2,14 +2,18 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
+#include <CLI/CLI.hpp>
 #include <gtest/gtest.h>
 #include <sys/file.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
+#include <termios.h>
 
 #include "LineReader.h"
 #include "NmeaReading.h"
@@ -17,11 +21,15 @@
 #include "tests/support/TemporaryFolder.h"
 #include "tests/tools/Program.h"
 #include "tools/DemoDrive.h"
+#include "tools/EmulateCommand.h"
 #include "tools/Emulator.h"
 #include "tools/EpochLine.h"
+#include "tools/ToolError.h"
 
 namespace
 {
+
+namespace fs = std::filesystem;
 
 struct Complaint {
     const char* arguments;
@@ -40,16 +48,23 @@ const Complaint COMPLAINTS[] = {
     {"live --demo --factor nan", 2, "--factor"},
     {"live --demo --seconds -1", 2, "--seconds"},
     {"live --demo --parity loud", 2, "none,odd,even,mark,space"},
-    {"live --device /dev/none --bits 08", 1, "no such device: /dev/none"}, // eight, and no octal number
+    {"live --device /dev/none --bits +08", 1, "no such device: /dev/none"}, // eight, and no octal number
     {"live --device /dev/null", 1, "not a serial device"},
-    {"live --demo --parity odd", 1, "refuses the settings --baud 9600 --parity odd"},
+    {"live --device /dev/none --bits 0x8", 2, "--bits"},
+    {"live --device ''", 2, "--device: the name is empty"},
+    {"live --demo --log ''", 2, "--log: the name is empty"},
+    {"live --demo --bits 8", 2, "--demo excludes --bits"},
+    {"live --demo --parity none", 2, "--demo excludes --parity"},
     {"live --demo --log /none/log", 1, "can't write the log /none/log"},
     {"emulate /none", 1, "can't read /none: No such file"},
     {"emulate /dev/null", 1, "nothing to play"},
+    {"emulate ''", 2, "FILE: the name is empty"},
+    {"emulate --link ''", 2, "--link: the name is empty"},
     {"emulate --period -1", 2, "--period"},
     {"emulate --factor inf", 2, "--factor"},
     {"emulate --link /", 1, "/ exists already"},
     {"replay", 2, "FILE"},
+    {"replay ''", 2, "FILE: the name is empty"},
     {"replay /none", 1, "can't read /none: No such file"},
     {"replay /", 1, "name a log file"},
     {"replay /dev/null", 1, "gave no epoch"},
@@ -59,6 +74,8 @@ const Complaint COMPLAINTS[] = {
     {"replay --smooth velocty /etc/passwd", 2, "velocty is no model"},
     {"live --demo --smooth velocty", 2, "velocty is no model"},
     {"simulate", 2, "ROUTE"},
+    {"simulate ''", 2, "ROUTE: the name is empty"},
+    {"simulate /etc/passwd --nmea ''", 2, "--nmea: the name is empty"},
     {"simulate /none", 1, "can't read /none: No such file"},
     {"simulate /", 1, "can't read /"},
     {"simulate /dev/null", 1, "line 1: a route needs two points"},
@@ -66,6 +83,8 @@ const Complaint COMPLAINTS[] = {
     {"simulate /etc/passwd --speed 301", 2, "--speed"},
     {"simulate /etc/passwd --speed 0", 2, "from 0.001 to 300"},
     {"simulate /etc/passwd --step nan", 2, "--step"},
+    {"simulate /etc/passwd --step 1.0000000001", 2, "at most 9 digits"},
+    {"simulate /etc/passwd --step 1e0", 2, "at most 9 digits"},
 };
 
 TEST(CommandLine, AFailureIsOneLineThatTellsWhatIsWrong)
@@ -80,15 +99,23 @@ TEST(CommandLine, AFailureIsOneLineThatTellsWhatIsWrong)
     }
 }
 
-TEST(CommandLine, ADeviceInUseAndASilentOneAreToldApart)
+TEST(CommandLine, ADeviceInUseASilentOneAndOneOfOtherSettingsAreToldApart)
 {
     const kestgps::Emulator silent("", {});
-    const std::string live = "live --device " + silent.DevicePath() + " --seconds 0.2 2>&1 >/dev/null";
+    const std::string live =
+        "live --device " + silent.DevicePath() + " --stop 2 --seconds 0.2 2>&1 >/dev/null";
+    const kestgps::FileDescriptor user(open(silent.DevicePath().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
     Program waits(live);
     EXPECT_NE(waits.Line().find("no epoch came"), std::string::npos);
     EXPECT_EQ(waits.Status(), 1);
+    termios line{};
+    ASSERT_EQ(tcgetattr(user.Get(), &line), 0);
+    EXPECT_NE(line.c_cflag & CSTOPB, 0U);
+    Program odd("live --parity odd --stop 2 2>&1 --device " + silent.DevicePath());
+    EXPECT_NE(odd.Line().find("refuses the settings --baud 9600 --parity odd --bits 8 --stop 2"),
+              std::string::npos);
+    EXPECT_EQ(odd.Status(), 1);
 
-    const kestgps::FileDescriptor user(open(silent.DevicePath().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
     ASSERT_EQ(flock(user.Get(), LOCK_EX), 0);
     Program refused(live);
     EXPECT_NE(refused.Line().find("busy"), std::string::npos);
@@ -129,18 +156,93 @@ TEST(CommandLine, SignalsEndLiveWithItsSummary)
     EXPECT_EQ(program.Status(), 0);
 }
 
-TEST(CommandLine, SignalsEndTheReadingOfAFile)
+TEST(CommandLine, SignalsCutOtherCommandsShortWithAWordAndTheirStatus)
 {
     const support::TemporaryFolder folder;
     const std::string pipe = folder.Path("pipe");
     ASSERT_EQ(mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
-    for (const char* const command : {"simulate ", "emulate "}) {
-        Program program(command + pipe);
-        const kestgps::FileDescriptor writer(
-            open(pipe.c_str(), O_WRONLY | O_CLOEXEC)); // waits for its reader
-        kill(program.Id(), SIGTERM);
-        EXPECT_EQ(program.Status(), -1) << command;
+    const std::string route = folder.File("route", "10,50\n10,51\n");
+    const std::string log = folder.File("log", kestgps::DemoDrive());
+    struct {
+        std::string arguments;
+        int signal;
+        const char* name;
+        bool reading; // of the pipe; else it prints
+    } const cases[] = {
+        {"emulate " + pipe, SIGINT, "SIGINT", true},
+        {"simulate " + pipe, SIGTERM, "SIGTERM", true},
+        {"replay " + pipe, SIGHUP, "SIGHUP", true},
+        {"replay --rate 0.001 " + log, SIGINT, "SIGINT", false},
+        {"simulate --rate 0.001 " + route, SIGTERM, "SIGTERM", false},
+        {"simulate --rate 0.001 --nmea /dev/stdout " + route, SIGHUP, "SIGHUP", false},
+    };
+    for (const auto& row : cases) {
+        Program program(row.arguments + " 2>&1");
+        const kestgps::FileDescriptor writer(row.reading ? open(pipe.c_str(), O_WRONLY | O_CLOEXEC)
+                                                         : -1); // waits for its reader
+        if (!row.reading) {
+            program.Line();
+        }
+        kill(program.Id(), row.signal);
+        EXPECT_NE(program.LastLine().find(std::string("interrupted by ") + row.name), std::string::npos);
+        EXPECT_EQ(program.Status(), 128 + row.signal) << row.arguments;
     }
+}
+
+TEST(CommandLine, ADriveThatIsCutShortOrGoesToItsRouteChangesNoFile)
+{
+    const support::TemporaryFolder folder;
+    const std::string points = "10,50\n10,51\n";
+    const std::string route = folder.File("route", points);
+    const std::string old = folder.File("old", "before");
+    const auto names = [&folder] { return std::distance(fs::directory_iterator(folder.Path("")), {}); };
+    Program cut("simulate --rate 0.001 --nmea " + old + " " + route + " 2>/dev/null");
+    while (names() < 3) { // its file beside the old one
+        std::this_thread::yield();
+    }
+    kill(cut.Id(), SIGINT);
+    EXPECT_EQ(cut.Status(), 128 + SIGINT);
+    for (const char* const output : {" --nmea ", " >>"}) {
+        EXPECT_EQ(
+            Program(std::string("2>/dev/null simulate ").append(route).append(output).append(route)).Status(),
+            1);
+    }
+    EXPECT_EQ(names(), 2);
+    EXPECT_EQ(folder.Content("old"), "before");
+    EXPECT_EQ(folder.Content("route"), points);
+}
+
+TEST(CommandLine, OutputNeverGoesToTheFileThatIsRead)
+{
+    const support::TemporaryFolder folder;
+    const std::string log = folder.File("log", kestgps::DemoDrive());
+    for (const char* const command : {"replay ", "emulate --factor 1000000 ", "live --demo --log "}) {
+        EXPECT_EQ(Program(std::string(command).append(log).append(" 2>/dev/null >>").append(log)).Status(), 1)
+            << command;
+    }
+    EXPECT_TRUE(folder.Content("log") == kestgps::DemoDrive());
+}
+
+TEST(CommandLine, EmulateFailsWhenItsLineBreaks)
+{
+    const support::TemporaryFolder folder;
+    const std::string link = folder.Path("device");
+    CLI::App app;
+    kestgps::EmulateCommand emulate(app);
+    app.parse("emulate --loop --period 0.001 --link " + link);
+    std::thread breaker([&link] {
+        while (!fs::is_symlink(link)) {
+            std::this_thread::yield();
+        }
+        const kestgps::FileDescriptor full(open("/dev/full", O_WRONLY | O_CLOEXEC));
+        for (const auto& open : fs::directory_iterator("/proc/self/fd")) {
+            if (fs::is_character_file(open) && fs::read_symlink(open).filename() == "ptmx") {
+                dup2(full.Get(), std::stoi(open.path().filename())); // in the place of the device's end
+            }
+        }
+    });
+    EXPECT_THROW(emulate.Run(), kestgps::ToolError);
+    breaker.join();
 }
 
 TEST(CommandLine, EmulatePlaysTheDriveUnderBothItsNames)
