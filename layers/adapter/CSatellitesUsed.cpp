@@ -91,8 +91,8 @@ SatelliteVerdict CSatellitesUsed::JudgeGps(CSentenceFields& fields) noexcept
     } else {
         full = own;
     }
-    if (taken < PLACES) {
-        full.count = 0;
+    if (taken < PLACES && listed != static_cast<int>(PLACES)) {
+        EndRow();
     }
     return verdict;
 }
