@@ -41,7 +41,7 @@ inline std::string AdaptedInPieces(const std::string& stream, std::size_t length
 /// Result: the whole stream adapted; cut anywhere and adapted again it has to be the same.
 inline std::string Adapted(const std::string& stream, const adapter::Talkers& talkers = adapter::Talkers())
 {
-    const std::string adapted = AdaptedInPieces(stream, std::max<std::size_t>(stream.size(), 1), talkers);
+    std::string adapted = AdaptedInPieces(stream, std::max<std::size_t>(stream.size(), 1), talkers);
     EXPECT_EQ(AdaptedInPieces(stream, 1, talkers), adapted) << "byte by byte";
     EXPECT_EQ(AdaptedInPieces(adapted, 7, talkers), adapted) << "twice";
     return adapted;

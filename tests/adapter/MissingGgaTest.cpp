@@ -113,8 +113,7 @@ TEST(MissingGga, EndsWithTheReceiversOwn)
 
 TEST(MissingGga, IsNothingWithoutATime)
 {
-    const std::string lost = Sentence("GPRMC,,V,,,,,,,,,,N");
-    const std::string stream = Seconds(1, 20, [&](int) { return lost; });
+    const std::string stream = Seconds(1, 20, [](int) { return Sentence("GPRMC,,V,,,,,,,,,,N"); });
     EXPECT_EQ(Adapted(stream), stream);
 }
 
