@@ -25,8 +25,8 @@
 #include "layers/event/EventReceivers.h"
 #include "layers/platform/PortMap.h"
 #include "layers/route/CGuidePath.h"
-#include "tools/FileDescriptor.h"
-#include "tools/PseudoTerminal.h"
+#include "tools/receiver/PseudoTerminal.h"
+#include "tools/waiting/FileDescriptor.h"
 
 namespace
 {

@@ -11,8 +11,8 @@
 #include <string>
 
 #include "GpsLib/log/CGPSLogDevice.h"
-#include "tools/NmeaWriter.h"
-#include "tools/WholeFile.h"
+#include "tools/files/WholeFile.h"
+#include "tools/nmea/NmeaWriter.h"
 
 namespace
 {

@@ -8,8 +8,8 @@
 
 #include "fuzz/CInput.h"
 #include "fuzz/Require.h"
-#include "tools/RouteFile.h"
-#include "tools/ToolError.h"
+#include "tools/errors/ToolError.h"
+#include "tools/route/RouteFile.h"
 
 namespace
 {

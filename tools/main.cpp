@@ -6,13 +6,13 @@
 #include <CLI/CLI.hpp>
 #include <fcntl.h>
 
-#include "tools/EmulateCommand.h"
-#include "tools/ErrorLine.h"
-#include "tools/FileDescriptor.h"
-#include "tools/LiveCommand.h"
-#include "tools/ReplayCommand.h"
-#include "tools/SignalEnd.h"
-#include "tools/SimulateCommand.h"
+#include "tools/commands/EmulateCommand.h"
+#include "tools/commands/LiveCommand.h"
+#include "tools/commands/ReplayCommand.h"
+#include "tools/commands/SimulateCommand.h"
+#include "tools/errors/ErrorLine.h"
+#include "tools/signals/SignalEnd.h"
+#include "tools/waiting/FileDescriptor.h"
 
 namespace
 {

@@ -1,0 +1,52 @@
+#include "tools/drive/DemoDrive.h"
+
+#include <map>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/tools/nmea/NmeaReading.h"
+
+namespace
+{
+
+/// A letter for each epoch of the drive: driving, parked or lost.
+std::string Epochs()
+{
+    std::string epochs;
+    NmeaReading reading;
+    for (const std::string& line : LinesOf(kestgps::DemoDrive())) {
+        reading.Take(line);
+        if (line.compare(3, 3, "GGA") == 0) {
+            const char moving = reading.record.speed == 0.0 ? 'p' : 'd';
+            epochs += reading.record.valid == 0 ? 'l' : moving;
+            ClearRecord(reading.record);
+        }
+    }
+    return epochs;
+}
+
+TEST(DemoDrive, EveryBurstHasEverySentence)
+{
+    std::map<std::string, int> count;
+    for (const std::string& line : LinesOf(kestgps::DemoDrive())) {
+        EXPECT_TRUE(GPS::CNMEAParser().VerifyChecksum(line.c_str())) << line;
+        ++count[line.substr(0, 6)];
+    }
+    const int bursts = count["$GPGGA"];
+    EXPECT_GE(bursts, 240);
+    EXPECT_LE(bursts, 300);
+    const std::map<std::string, int> expected = {
+        {"$GPGGA", bursts}, {"$GPGLL", bursts}, {"$GPGSA", bursts}, {"$GPGSV", 3 * bursts},
+        {"$GPRMC", bursts}, {"$GPVTG", bursts}, {"$GPZDA", bursts},
+    };
+    EXPECT_EQ(count, expected);
+}
+
+TEST(DemoDrive, WaitsAtALightAndLosesTheFixInATunnel)
+{
+    EXPECT_THAT(Epochs(), testing::ContainsRegex("dp{15,}d"));
+    EXPECT_THAT(Epochs(), testing::MatchesRegex("[pd]+l{15}[pd]+"));
+}
+
+} // namespace
