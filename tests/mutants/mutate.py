@@ -44,6 +44,11 @@ def kind_of(cursor):
     return cursor.type.get_canonical().kind
 
 
+def class_of(cursor):
+    """The name of an expression's class, or of its type."""
+    return inside(cursor).type.get_canonical().spelling.replace("const ", "")
+
+
 def inside(cursor):
     """The expression behind implicit conversions and parentheses."""
     children = list(cursor.get_children())
@@ -140,13 +145,13 @@ class File:
             self.add(cursor, before + other + behind)
 
     def mutate_overloaded(self, cursor, children):
-        """The arithmetic of classes, where both sides are of one."""
+        """The arithmetic inside a class."""
         sign = cursor.spelling.replace("operator", "")
         if sign not in ("+", "-", "*") or len(children) != 3:
             return
         left, _, right = children
-        if kind_of(inside(left)) == kind_of(inside(right)) == TypeKind.RECORD:
-            self.add(cursor, f"({self.text_of(left)}) {'-' if sign == '+' else '+'} ({self.text_of(right)})")
+        if class_of(left) == class_of(right) == class_of(cursor):
+            self.add(cursor, f"{self.text_of(left)} {'-' if sign == '+' else '+'} {self.text_of(right)}")
 
     def mutate_unary(self, cursor, operand):
         text, of = self.text_of(cursor), self.text_of(operand)
@@ -164,6 +169,8 @@ class File:
             parent.kind in (Kind.VAR_DECL, Kind.FIELD_DECL) and before in "[<,"
         ):
             return  # a template's argument, or an array's size
+        if cursor.kind in LITERALS and not re.match(r"[\d.']|true|false", text):
+            return  # inside a macro
         if cursor.kind == Kind.CXX_BOOL_LITERAL_EXPR:
             self.add(cursor, "false" if text == "true" else "true")
             return
@@ -179,7 +186,7 @@ class File:
         elif kind in NUMBER_KINDS:
             self.add(value, f"({text}) + 1")
         elif kind == TypeKind.ENUM:
-            self.add(value, f"static_cast<std::decay_t<decltype({text})>>({text} + 1)")
+            self.add(value, f"static_cast<std::decay_t<decltype({text})>>(static_cast<int>({text}) + 1)")
         elif kind == TypeKind.POINTER:
             self.add(value, "nullptr")
 

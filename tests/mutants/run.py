@@ -207,4 +207,5 @@ def main():
         Path(options.killed).write_text("\n".join(killed) + "\n")
 
 
-main()
+if __name__ == "__main__":
+    main()
