@@ -27,7 +27,7 @@ TREE = ROOT / "build/mutants/tree"
 BUILD = ROOT / "build/mutants/build"
 NOT_RUN = "Exports|Install|DeviceBuild|Rooms|.*MillionSteps"  # look at files, not at what the library does; takes long
 FLAGS = f"-O1 -w -Wno-narrowing -include {TREE}/tests/mutants/Mutant.h"
-SLOW = "kest_live_tests|kest_tools_tests"  # wait on the clock
+SLOW = "kest_(live|layer|tools)_tests"  # wait on the clock
 SECONDS_MORE = 2  # of the processor, beyond thrice what the tests take
 WAIT_MORE = 60  # seconds on the clock, beyond that
 
