@@ -53,6 +53,8 @@ TEST_F(FailingHeap, DeviceWithoutMemoryAnswersNo)
         EXPECT_FALSE(devices->log.GetGPSData(fix) || devices->log.OpenLogFileForWrite("/none/log"));
         EXPECT_FALSE(devices->simulation.GetGPSData(fix));
         devices->receiver.OpenFilter();
+        devices->receiver.SetFilterModel(FILTERMODEL_VELOCITY);
+        devices->log.SetFilterModel(FILTERMODEL_VELOCITY);
         devices->receiver.CloseGPS();
         EXPECT_EQ(devices->receiver.GetVehicleCurrMoveState(), MOVESTATE_UNKNOWN);
         EXPECT_EQ(devices->receiver.GetVehicleCurrHeadingState(), HEADINGSTATE_UNKNOWN);

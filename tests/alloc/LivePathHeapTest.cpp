@@ -33,6 +33,25 @@ TEST_F(LivePathHeap, EpochsTakeNothingAfterTheFirst)
     EXPECT_EQ(heap::Allocations(), before);
 }
 
+TEST_F(LivePathHeap, SmoothingByTheVelocityModelTakesNothing)
+{
+    device.SetFilterModel(FILTERMODEL_VELOCITY);
+    device.OpenFilter();
+    ASSERT_TRUE(device.OpenGPS());
+    const std::string epochs[] = {Epoch(1), Epoch(2), Epoch(3), Epoch(4)};
+    unsigned count = 0;
+    std::uint64_t before = 0;
+    for (const std::string& next : epochs) {
+        line.Write(next);
+        ASSERT_TRUE(AwaitEpochs(++count));
+        before = count == 1 ? heap::Allocations() : before;
+    }
+    EXPECT_EQ(heap::Allocations(), before);
+    _GPS_Data fix;
+    ASSERT_TRUE(device.GetGPSData(fix));
+    EXPECT_FALSE(live::IsWhole(fix)) << "it was smoothed";
+}
+
 TEST_F(LivePathHeap, OpeningAndClosingGivesEverythingBack)
 {
     ASSERT_TRUE(device.OpenGPS());

@@ -295,6 +295,25 @@ TEST_F(Receiver, CopiesShareOneDeviceInWhateverOrderTheyDie)
     assigned.CloseGPS();
 }
 
+TEST_F(Receiver, VelocityModelBeginsAnewWithEachOpening)
+{
+    const auto feed = [this](const std::string& seconds) { // north at 36 km/h, 12 m a second
+        Feed(support::Sentence("GPVTG,360.0,T,,M,,N,36.0,K") +
+             support::Sentence("GPGGA,1015" + seconds + ",3100." + seconds +
+                               "0,N,12100.000,E,1,08,0.9,12.5,M,,M,,"));
+        return Current().lonLat.lat - 31.0 - std::stoi(seconds) * 1e-2 / 60.0;
+    };
+    device->SetFilterModel(FILTERMODEL_VELOCITY);
+    device->OpenFilter();
+    for (const char* const first : {"10", "12"}) {
+        ASSERT_TRUE(device->OpenGPS());
+        EXPECT_NEAR(feed(first), 0.0, 1e-12) << first;
+        EXPECT_LT(feed(first[1] == '0' ? "11" : "13"), -1e-6) << first;
+        EXPECT_EQ(Current().speed, 36.0);
+        device->CloseGPS();
+    }
+}
+
 TEST_F(Receiver, FilterIsSwitchedFromTheNextEpochOn)
 {
     ASSERT_TRUE(device->OpenGPS());

@@ -1,4 +1,5 @@
 // What a log becomes again.
+#include <cmath>
 #include <string>
 #include <thread>
 #include <vector>
@@ -168,6 +169,24 @@ TEST_F(Replay, SmoothsFromTheSecondFixOn)
     ASSERT_TRUE(Open(GGA));
     ASSERT_TRUE(Next());
     EXPECT_EQ(fix.lonLat.lon, 121.0 + 29.5 * 0.016666666666666666);
+}
+
+// The velocity model leaves the speed, and begins each log anew with the fix that it finds.
+TEST_F(Replay, SmoothsByTheModelThatIsChosen)
+{
+    const std::string drive = RMC + GGA +
+                              Sentence("GPRMC,101501,A,3114.252,N,12129.502,E,10.0,045.0,110326,,") +
+                              Sentence("GPGGA,101501,3114.252,N,12129.502,E,1,09,0.9,13.5,M,,M,,");
+    device.SetFilterModel(FILTERMODEL_VELOCITY);
+    device.OpenFilter();
+    for (int replays = 0; replays < 2; ++replays) {
+        ASSERT_TRUE(Open(drive));
+        ASSERT_TRUE(Next());
+        EXPECT_NEAR(fix.lonLat.lon, 121.0 + 29.5 / 60.0, 1e-12);
+        ASSERT_TRUE(Next());
+        EXPECT_GT(std::fabs(fix.lonLat.lon - 121.0 - 29.502 / 60.0), 1e-8);
+        EXPECT_EQ(fix.speed, 10.0 * 1.852);
+    }
 }
 
 TEST_F(Replay, HostileFilesEndInFalse)

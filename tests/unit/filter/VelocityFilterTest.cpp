@@ -1,0 +1,321 @@
+// The smoothing along the receiver's velocity, part by part and as a whole, against cases worked by hand.
+#include "GpsLib/filter/velocity/CVelocityFilter.h"
+
+#include <cmath>
+#include <vector>
+
+#include "tests/support/FakeWorld.h"
+#include "tests/support/Sentence.h"
+
+namespace
+{
+
+using GPS::EastNorth;
+using Gate = GPS::COutlierGate;
+using support::BytesOf;
+
+constexpr int NO_TIME = -1;
+
+_GPS_Data At(int second)
+{
+    _GPS_Data fix = support::FixAt(0.0, 0.0);
+    if (second != NO_TIME) {
+        fix.mask = GPS_MASK_TIME;
+        fix.time = {static_cast<std::uint8_t>(second / 3600),
+                    static_cast<std::uint8_t>(second / 60 % 60),
+                    static_cast<std::uint8_t>(second % 60),
+                    {}};
+    }
+    return fix;
+}
+
+TEST(EpochClock, TellsTheSecondsBetweenTheLastTwoEpochs)
+{
+    const struct {
+        const char* rule;
+        std::vector<int> stamps;
+        double seconds;
+    } ROWS[] = {
+        {"once a second", {10, 11}, 1.0},
+        {"every third", {10, 13}, 3.0},
+        {"over midnight", {86399, 0}, 1.0},
+        {"time runs back", {10, 9}, 86399.0},
+        {"the first of all", {10}, 1.0},
+        {"a second one crowds before the next stamp", {10, 10}, 0.999},
+        {"time stands", {10, 10, 10}, 0.0},
+        {"four a second", {9, 10, 10, 10, 10, 11, 11}, 0.25},
+        {"on to the next second", {9, 10, 10, 10, 10, 11, 11, 11, 11, 12}, 0.25},
+        {"the larger of two counts", {9, 10, 10, 10, 10, 11, 11, 11, 12, 12}, 0.25},
+        {"no time: the latest period", {9, 10, 10, 11, NO_TIME}, 0.5},
+        {"time again: the latest period", {9, 10, 10, 11, NO_TIME, 70000}, 0.5},
+    };
+    for (const auto& row : ROWS) {
+        GPS::CEpochClock clock;
+        double seconds = 0.0;
+        for (const int stamp : row.stamps) {
+            seconds = clock.Step(At(stamp));
+        }
+        EXPECT_NEAR(seconds, row.seconds, 1e-12) << row.rule;
+    }
+    GPS::CEpochClock clock;
+    clock.Step(At(3));
+    _GPS_Data fix = At(5);
+    fix.mask = 0;
+    EXPECT_EQ(clock.Step(fix), 2.0) << "a time without its bit";
+}
+
+TEST(ReceiverVelocity, StandsInForUpToThreeLostOnes)
+{
+    const double nan = std::nan("");
+    const struct {
+        const char* rule;
+        double speedBefore; // [km/h] eastwards
+        double speed;
+        double heading;
+        bool lost;
+    } ROWS[] = {
+        {"as good as any", 36.0, 1259.0, 360.0, false}, {"too fast", 36.0, 1260.0, 90.0, true},
+        {"backwards", 36.0, -0.1, 90.0, true},          {"no number", 36.0, nan, 90.0, true},
+        {"no heading", 36.0, 36.0, nan, true},          {"over a circle", 36.0, 36.0, 360.1, true},
+        {"below a circle", 36.0, 36.0, -0.1, true},     {"a sentence lost", 14.5, 0.0, 0.0, true},
+        {"a hard stop", 14.4, 0.0, 0.0, false},         {"a stop with a heading", 36.0, 0.0, 90.0, false},
+    };
+    for (const auto& row : ROWS) {
+        GPS::CReceiverVelocity velocity;
+        _GPS_Data fix = At(0);
+        fix.speed = row.speedBefore;
+        EXPECT_FALSE(velocity.Read(fix, 1.0)) << "a receiver that sends no heading";
+        fix.heading = 90.0;
+        ASSERT_TRUE(velocity.Read(fix, 1.0));
+        for (int i = 1; i <= 4; ++i) {
+            fix.speed = row.speed;
+            fix.heading = row.heading;
+            EXPECT_EQ(velocity.Read(fix, 1.0), !row.lost || i <= 3) << row.rule << i;
+            EXPECT_EQ(fix.speed == row.speedBefore && fix.heading == 90.0, row.lost && i <= 3)
+                << row.rule << i;
+        }
+    }
+}
+
+TEST(Standstill, IsAMeanVelocityNearNoneForMoreThanTwoSeconds)
+{
+    GPS::CStandstill standstill;
+    const auto step = [&standstill](double east) {
+        return standstill.Step(std::fabs(east), {east, 0.0}, 1.0);
+    };
+    EXPECT_FALSE(step(0.8));
+    EXPECT_FALSE(step(-0.8));
+    EXPECT_TRUE(step(0.0)) << "noise about 0";
+    EXPECT_FALSE(step(0.81)) << "moves";
+    EXPECT_FALSE(step(0.0));
+    EXPECT_FALSE(step(0.0));
+    EXPECT_TRUE(step(0.5));                                  // mean 0.167
+    EXPECT_FALSE(step(0.5)) << "creeps";                     // mean 0.25
+    EXPECT_TRUE(step(-0.2));                                 // 0.16
+    EXPECT_TRUE(step(0.3)) << "the mean is of five seconds"; // 0.188
+    EXPECT_FALSE(step(0.3));                                 // 0.21
+}
+
+TEST(VelocityLag, IsTheLeastSquaresFitOfSurprisesToChanges)
+{
+    const EastNorth change{6.0, 8.0};
+    GPS::CVelocityLag lag;
+    lag.Step(0.7 * change, 10.0, change, true, 1.0);
+    EXPECT_NEAR(lag.Seconds(), 0.7 * 100.0 / 101.0, 1e-12);
+    lag.Step(0.7 * change, 10.0, change, true, 1.0); // 0.875 of the first change are left
+    EXPECT_NEAR(lag.Seconds(), 0.7 * 451.5625 / 452.5625, 1e-12);
+    lag.Begin();
+    lag.Step(0.7 * change, 10.0, change, true, 4.0);
+    EXPECT_NEAR(lag.Seconds(), 0.7 * 476.5625 / 477.5625, 1e-12) << "weighted by the score";
+    const double learnt = lag.Seconds();
+    lag.Step(change, 0.8, change, true, 1.0);
+    lag.Step(change, 10.0, change, false, 1.0);
+    EXPECT_EQ(lag.Seconds(), learnt) << "nothing is learnt of one who stands, nor of an outlier";
+}
+
+TEST(GainBank, AveragesOverTheStandstillAndForgetsItByHalves)
+{
+    GPS::CGainBank bank;
+    bank.Step({6.0, -12.0}, true, true);
+    bank.Step({0.0, 0.0}, true, true);
+    EXPECT_NEAR(bank.Offset().east, -2.0, 1e-12) << "a third of the first surprise is left";
+    EXPECT_NEAR(bank.Offset().north, 4.0, 1e-12);
+    EXPECT_EQ(bank.BestScore(), 25.0) << "unscored";
+    bank.Step({0.0, 0.0}, true, false); // averages over 1.5, 1 / 0.55, 3.5 and 3.5 fixes
+    EXPECT_NEAR(bank.Offset().east, -2.0 + 2.0 * (1 / 1.5 + 0.55 + 2 / 3.5) / 4, 1e-12);
+    EXPECT_NEAR(bank.BestScore(), (25.0 + (4.0 + 16.0) / 2) / 2, 1e-12);
+    const double before = bank.Offset().east;
+    bank.Step({1.0, 0.0}, false, false);
+    EXPECT_NEAR(bank.Offset().east, before - 1.0, 1e-12) << "by the velocity alone";
+    bank.Begin();
+    EXPECT_EQ(bank.Offset().north, 0.0);
+}
+
+struct Look {
+    double metres;
+    double score = 0.0;
+    EastNorth change = {};
+    bool moved = true;
+};
+
+Gate::VERDICT Judge(Gate& gate, const Look& look, int times = 1)
+{
+    Gate::VERDICT verdict = Gate::VERDICT_BELIEVE;
+    for (; times > 0; --times) {
+        verdict = gate.Step({look.metres * look.metres, look.score, look.change, look.moved}, 1.0);
+    }
+    return verdict;
+}
+
+TEST(OutlierGate, JudgesAFixByItsDistance)
+{
+    const struct {
+        const char* rule;
+        int secondsBefore;
+        Look look;
+        Gate::VERDICT verdict;
+    } ROWS[] = {
+        {"8 m are none", 15, {8.0}, Gate::VERDICT_BELIEVE},
+        {"more are one", 15, {8.001}, Gate::VERDICT_COAST},
+        {"2 m for each m/s of change", 15, {17.99, 0.0, {3.0, 4.0}}, Gate::VERDICT_BELIEVE},
+        {"and no more", 15, {18.01, 0.0, {3.0, 4.0}}, Gate::VERDICT_COAST},
+        {"3 sigma of two axes", 15, {29.99, 50.0}, Gate::VERDICT_BELIEVE},
+        {"beyond them", 15, {30.01, 50.0}, Gate::VERDICT_COAST},
+        {"soon after a start the fix is right", 13, {199.9}, Gate::VERDICT_GO_OVER},
+        {"unless it is far", 13, {200.0}, Gate::VERDICT_COAST},
+        {"not 15 s after it", 14, {199.9}, Gate::VERDICT_COAST},
+    };
+    for (const auto& row : ROWS) {
+        Gate gate;
+        Judge(gate, {0.0}, row.secondsBefore);
+        EXPECT_EQ(Judge(gate, row.look), row.verdict) << row.rule;
+    }
+}
+
+TEST(OutlierGate, EndsBelievingItselfWhenTheVelocityIsWrong)
+{
+    const auto settled = [] {
+        Gate gate;
+        Judge(gate, {0.0}, 20);
+        return gate;
+    };
+    Gate tooLong = settled();
+    EXPECT_EQ(Judge(tooLong, {20.0}, 10), Gate::VERDICT_COAST);
+    EXPECT_EQ(Judge(tooLong, {0.0}), Gate::VERDICT_BELIEVE);
+    EXPECT_EQ(Judge(tooLong, {20.0}, 10), Gate::VERDICT_COAST) << "counted anew";
+    EXPECT_EQ(Judge(tooLong, {20.0}), Gate::VERDICT_GO_OVER);
+
+    Gate doubling = settled();
+    EXPECT_EQ(Judge(doubling, {20.0}), Gate::VERDICT_COAST);
+    EXPECT_EQ(Judge(doubling, {40.0}), Gate::VERDICT_COAST);
+    EXPECT_EQ(Judge(doubling, {40.1}), Gate::VERDICT_GO_OVER);
+
+    Gate frozen = settled();
+    Judge(frozen, {0.0, 0.0, {}, false});
+    EXPECT_EQ(Judge(frozen, {20.0}), Gate::VERDICT_COAST);
+    Judge(frozen, {0.0, 0.0, {}, false}, 2);
+    EXPECT_EQ(Judge(frozen, {20.0}), Gate::VERDICT_GO_OVER);
+}
+
+TEST(HeldHeading, IsTheReceiversTheMeansOrTheLast)
+{
+    GPS::CHeldHeading heading;
+    const auto step = [&heading](double raw, EastNorth velocity, bool still) {
+        return heading.Step(raw, std::hypot(velocity.east, velocity.north), velocity, 1.0, still);
+    };
+    heading.Begin(45.0);
+    EXPECT_EQ(step(200.0, {0.1, 0.0}, false), 45.0) << "the mean is noise";
+    EXPECT_NEAR(step(200.0, {0.75, 0.0}, false), 90.0, 1e-9) << "creeps";
+    EXPECT_NEAR(step(200.0, {-0.75, 0.0}, false), 90.0, 1e-9) << "a mean near none";
+    EXPECT_NEAR(step(200.0, {-0.6, 0.35}, false), 294.305, 0.001); // mean -0.3875, 0.175
+    EXPECT_EQ(step(200.0, {0.6, 0.6}, false), 200.0) << "drives";
+    EXPECT_EQ(step(10.0, {0.0, 0.7}, true), 200.0) << "stands";
+}
+
+/// On a flat Earth, 100 km a degree.
+class VelocityFilter : public support::FakeWorld
+{
+protected:
+    /// A fix of one who goes east at 36 km/h. metres: east of 10 degrees.
+    static _GPS_Data East(int second, double metres)
+    {
+        _GPS_Data fix = At(second);
+        fix.lonLat = {10.0 + metres / 1e5, 45.0};
+        fix.speed = 36.0;
+        fix.heading = 90.0;
+        return fix;
+    }
+
+    /// Result: [m] that the filter moves the fix east.
+    double Moved(_GPS_Data fix)
+    {
+        const double before = fix.lonLat.lon;
+        filter.Filter(fix);
+        EXPECT_EQ(fix.speed, 36.0);
+        return (fix.lonLat.lon - before) * 1e5;
+    }
+
+    GPS::CVelocityFilter filter;
+};
+
+// The second fix lies 6 m ahead of the velocity. All points are 6 m behind it; three of them take over 1
+// / 1.5 of that, the raw one all, and their scores are alike. The third fix lies where the velocity leads, so
+// that the raw point foretold it best.
+TEST_F(VelocityFilter, WorkedExample)
+{
+    EXPECT_EQ(Moved(East(1, 0.0)), 0.0);
+    EXPECT_NEAR(Moved(East(2, 16.0)), -1.5, 1e-8); // the last place of 10 degrees is 2e-10 m
+    const double weight = std::pow((21.5 - 21.5 / 3) / (21.5 - 19.5 / 3), 64);
+    const double rest = -0.9 - 1.0 - 1.0; // of 2 m, after averages over 1 / 0.55, 2 and 2 fixes
+    EXPECT_NEAR(Moved(East(3, 26.0)), rest * weight / (1 + 3 * weight), 1e-8);
+}
+
+TEST_F(VelocityFilter, BeginsAnewAfterSixSecondsWithoutAFix)
+{
+    for (const int gap : {6, 7}) {
+        filter = GPS::CVelocityFilter();
+        Moved(East(1, 0.0));
+        Moved(East(2, 16.0));
+        _GPS_Data none = East(2 + gap / 2, 30.0);
+        none.valid = 0;
+        const auto before = BytesOf(none);
+        filter.Filter(none);
+        EXPECT_EQ(BytesOf(none), before);
+        EXPECT_EQ(Moved(East(2 + gap, 16.0 + 10.0 * gap)) == 0.0, gap == 7) << gap;
+        EXPECT_NEAR(Moved(East(3 + gap, 32.0 + 10.0 * gap)) + 1.5, 0.0, gap == 7 ? 1e-8 : 1.5) << gap;
+    }
+}
+
+TEST_F(VelocityFilter, CrossesTheMeridianAndStopsShortOfThePoles)
+{
+    const auto step = [this](int second, double lon, double lat) {
+        _GPS_Data fix = East(second, 0.0);
+        fix.lonLat = {lon, lat};
+        filter.Filter(fix);
+        return fix.lonLat;
+    };
+    step(1, 179.99985, 89.0);
+    EXPECT_NEAR(step(2, -179.99999, 89.0).lon, 179.999995, 1e-12) << "as in the worked example";
+    EXPECT_EQ(step(3, -179.9, 89.00001).lon, -179.9);
+    EXPECT_EQ(step(4, 180.00001, 0.0).lon, 180.00001);
+}
+
+// The worked example to the north, on so small an Earth that the point lies beyond the pole.
+TEST_F(VelocityFilter, GoesOverToAFixThatWouldLeaveTheEarth)
+{
+    for (const double metresADegree : {2.0, 1.0}) {
+        FakeMath::Set(1e5, metresADegree);
+        filter = GPS::CVelocityFilter();
+        double lat = 0.0;
+        for (const int second : {1, 2}) {
+            _GPS_Data fix = East(second, 0.0);
+            fix.heading = 360.0;
+            fix.lonLat.lat = 88.9 - (second == 1 ? 4.0 / metresADegree : 0.0);
+            filter.Filter(fix);
+            lat = fix.lonLat.lat;
+        }
+        EXPECT_NEAR(lat, metresADegree == 2.0 ? 89.65 : 88.9, 1e-12);
+    }
+}
+
+} // namespace
