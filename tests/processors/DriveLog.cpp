@@ -14,30 +14,6 @@ namespace processors
 namespace
 {
 
-/// The SplitMix64 generator: shifts, sums and products of unsigned integers.
-class Dice
-{
-public:
-    /// Result: 0 to limit - 1.
-    int Below(int limit) noexcept
-    {
-        state += 0x9E3779B97F4A7C15;
-        std::uint64_t mixed = state;
-        mixed = (mixed ^ (mixed >> 30U)) * 0xBF58476D1CE4E5B9;
-        mixed = (mixed ^ (mixed >> 27U)) * 0x94D049BB133111EB;
-        mixed ^= mixed >> 31U;
-        return static_cast<int>((mixed >> 32U) * static_cast<std::uint64_t>(limit) >> 32U);
-    }
-
-    /// Result: -limit to limit.
-    int Around(int limit) noexcept { return Below(2 * limit + 1) - limit; }
-
-    bool Once(int in) noexcept { return Below(in) == 0; }
-
-private:
-    std::uint64_t state = 2026;
-};
-
 /// A whole number in at least so many digits, the last `places` of them behind a point.
 std::string Decimal(int value, std::size_t digits, std::size_t places = 0)
 {
@@ -221,6 +197,30 @@ std::string MakeDriveLog(std::size_t sentences)
         made += drive.AppendSecond(log);
     }
     return log;
+}
+
+_GPS_Data Receiver::See(const _GPS_Data& truth)
+{
+    constexpr int DAY_IN_HUNDREDTHS = 86400 * 100;
+    _GPS_Data fix = truth;
+    time = (time + step) % DAY_IN_HUNDREDTHS;
+    const int second = time / 100;
+    fix.time = {static_cast<std::uint8_t>(second / 3600),
+                static_cast<std::uint8_t>(second / 60 % 60),
+                static_cast<std::uint8_t>(second % 60),
+                {}};
+    fix.lonLat.lon += dice.Around(50) * 1e-6;
+    fix.lonLat.lat += dice.Around(50) * 1e-6 + (dice.Once(100) ? 0.005 : 0.0);
+    fix.valid = dice.Once(100) ? 0 : 1;
+    standing = standing == 0 && dice.Once(120) ? 30 : std::max(standing - 1, 0);
+    if (standing > 0) { // or creeps, at first
+        fix.speed = dice.Below(standing > 20 ? 40 : 8) * 0.1;
+        fix.heading = standing > 20 ? 355.0 : dice.Below(FULL_COURSE) * 0.1;
+    }
+    if (dice.Once(50)) {
+        fix.speed = fix.heading = 0.0;
+    }
+    return fix;
 }
 
 std::vector<tagLonLat> MakeRoute(std::size_t points)

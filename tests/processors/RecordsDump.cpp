@@ -1,7 +1,8 @@
 // RecordsDump.cpp: what the library makes of one log and one route, for `check` to compare processors by it.
 //
-// usage: kest_records_dump LOG
-// LOG is written, then replayed. Each line has the section, the record's number, and a field's name and bits
+// usage: kest_records_dump LOG [velocity]
+// LOG is written, then replayed as it is and smoothed, and the route is driven; or all that by the velocity
+// model alone. Each line has the section, the record's number, and a field's name and bits
 // in hexadecimal, so that padding has no part in a comparison.
 #include <charconv>
 #include <cmath>
@@ -13,6 +14,7 @@
 #include <string>
 #include <type_traits>
 
+#include "GpsLib/filter/velocity/CVelocityFilter.h"
 #include "GpsLib/log/CGPSLogDevice.h"
 #include "GpsLib/simu/CGPSSimuDevice.h"
 #include "layers/route/CGuidePath.h"
@@ -91,10 +93,11 @@ private:
     std::uint64_t count = 0;
 };
 
-bool Replay(const char* name, std::string path, bool smoothed)
+bool Replay(const char* name, std::string path, bool smoothed, FILTERMODEL model = FILTERMODEL_ACCELERATION)
 {
     Section section(name);
     GPS::CGPSLogDevice device;
+    device.SetFilterModel(model);
     if (smoothed) {
         device.OpenFilter();
     }
@@ -125,16 +128,46 @@ bool Drive()
     return record.valid != 0;
 }
 
+/// A drive of short legs as a receiver sees it, smoothed by the velocity model.
+bool DriveAlongVelocity(double timeStep)
+{
+    constexpr std::size_t LEGS = 60000; // of 300 m
+    constexpr double TOWN_SPEED = 50.0; // [km/h]
+    constexpr int EPOCHS = 8000;
+    Section section("along");
+    route::CGuidePath path(processors::MakeRoute(LEGS));
+    GPS::CGPSSimuDevice device;
+    GPS::CVelocityFilter filter;
+    processors::Receiver receiver(timeStep);
+    bool drives = device.SetSimuParam(&path, timeStep, TOWN_SPEED) && device.BeginSimu();
+    _GPS_Data truth;
+    for (int epoch = 0; drives && epoch < EPOCHS; ++epoch) {
+        drives = receiver.Stands() || device.GetGPSData(truth);
+        _GPS_Data fix = receiver.See(truth);
+        filter.Filter(fix);
+        section.Take(fix);
+    }
+    return drives;
+}
+
 } // namespace
 
 int main(int argc, char* argv[])
 {
-    if (argc != 2) {
-        std::printf("usage: kest_records_dump LOG\n");
+    const bool velocity = argc == 3 && std::strcmp(argv[2], "velocity") == 0;
+    if (argc != 2 && !velocity) {
+        std::printf("usage: kest_records_dump LOG [velocity]\n");
         return 2;
     }
     const std::string path = argv[1];
     const std::string log = processors::MakeDriveLog(SENTENCES);
     const bool written = static_cast<bool>(std::ofstream(path, std::ios::binary) << log << std::flush);
-    return written && Replay("replay", path, false) && Replay("smoothed", path, true) && Drive() ? 0 : 1;
+    if (!written) {
+        return 1;
+    }
+    if (velocity) {
+        const bool replayed = Replay("velocity", path, true, FILTERMODEL_VELOCITY);
+        return replayed && DriveAlongVelocity(1.0) && DriveAlongVelocity(0.2) ? 0 : 1;
+    }
+    return Replay("replay", path, false) && Replay("smoothed", path, true) && Drive() ? 0 : 1;
 }

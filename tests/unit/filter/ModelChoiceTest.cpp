@@ -13,49 +13,35 @@ namespace
 /// the velocity model, which leaves it.
 char Step(GPS::CSmoothing& smoothing, int second)
 {
-    const _GPS_Data fix = [second] {
-        _GPS_Data parsed = support::FixAt(10.0 + second * 1e-4 + second % 2 * 2e-5, 45.0);
-        parsed.time.second = static_cast<std::uint8_t>(second);
-        parsed.speed = 36.0;
-        parsed.heading = 90.0;
-        return parsed;
-    }();
-    _GPS_Data smoothed = fix;
-    smoothing.Smooth(smoothed);
-    if (smoothed.speed != fix.speed) {
+    const double longitude = 10.0 + second * 1e-4 + second % 2 * 2e-5;
+    _GPS_Data fix = support::FixAt(longitude, 45.0);
+    fix.time.second = static_cast<std::uint8_t>(second);
+    fix.speed = 36.0;
+    fix.heading = 90.0;
+    smoothing.Smooth(fix);
+    if (fix.speed != 36.0) {
         return 'a';
     }
-    return smoothed.lonLat.lon != fix.lonLat.lon ? 'v' : 'r';
+    return fix.lonLat.lon != longitude ? 'v' : 'r';
 }
 
-/// Does what each letter says: on, off, a model, none, another drive; "." is a fix.
-std::string Play(const char* story)
+/// "." is a fix, a digit chooses a model, "+" and "-" switch, "|" begins another drive.
+/// Result: what the fixes came out as.
+std::string Play(const std::string& story)
 {
     GPS::CSmoothing smoothing;
     std::string steps;
-    for (const char* letter = story; *letter != '\0'; ++letter) {
-        switch (*letter) {
-        case '+':
-            smoothing.SwitchOn();
-            break;
-        case '-':
-            smoothing.SwitchOff();
-            break;
-        case 'A':
-            smoothing.SetModel(FILTERMODEL_ACCELERATION);
-            break;
-        case 'V':
-            smoothing.SetModel(FILTERMODEL_VELOCITY);
-            break;
-        case '?':
-            smoothing.SetModel(static_cast<FILTERMODEL>(2));
-            smoothing.SetModel(static_cast<FILTERMODEL>(-1));
-            break;
-        case 'D':
-            smoothing.BeginDrive();
-            break;
-        default:
+    for (const char letter : story) {
+        if (letter == '.') {
             steps += Step(smoothing, static_cast<int>(steps.size()));
+        } else if (letter == '+') {
+            smoothing.SwitchOn();
+        } else if (letter == '-') {
+            smoothing.SwitchOff();
+        } else if (letter == '|') {
+            smoothing.BeginDrive();
+        } else {
+            smoothing.SetModel(static_cast<FILTERMODEL>(letter - '0'));
         }
     }
     return steps;
@@ -72,15 +58,14 @@ TEST_F(ModelChoice, CountsFromTheNextFixOn)
         const char* story;
         const char* steps;
     } ROWS[] = {
-        {"off at first", "V...", "rrr"},
+        {"off at first", "1...", "rrr"},
         {"acceleration unless chosen", "+...", "raa"},
-        {"a model that is chosen starts fresh", "+...V...A...", "raarvvraa"},
-        {"and fresh again", "V+..A..V..A..", "rvrarvra"},
-        {"the same model goes on", "V+..V..-.+.", "rvvvrv"},
-        {"no model changes nothing", "+..?.V..?..", "raarvvv"},
-        {"a choice that is taken back is none", "+..VA.", "raa"},
-        {"another drive", "V+..D..", "rvrv"},
-        {"means nothing to the acceleration model", "+..D..", "raaa"},
+        {"a model that is chosen starts fresh", "+..1..0..1..0..", "rarvrarvra"},
+        {"the same model goes on", "1+..1..-.+.", "rvvvrv"},
+        {"no model changes nothing", "+..2.1..2./.", "raarvvv"},
+        {"a choice that is taken back is none", "+..10.", "raa"},
+        {"another drive", "1+..|..", "rvrv"},
+        {"means nothing to the acceleration model", "+..|..", "raaa"},
     };
     for (const auto& row : ROWS) {
         EXPECT_EQ(Play(row.story), row.steps) << row.rule;

@@ -97,139 +97,49 @@ TEST(ReceiverVelocity, StandsInForUpToThreeLostOnes)
     }
 }
 
-TEST(Standstill, IsAMeanVelocityNearNoneForMoreThanTwoSeconds)
-{
-    GPS::CStandstill standstill;
-    const auto step = [&standstill](double east) {
-        return standstill.Step(std::fabs(east), {east, 0.0}, 1.0);
-    };
-    EXPECT_FALSE(step(0.8));
-    EXPECT_FALSE(step(-0.8));
-    EXPECT_TRUE(step(0.0)) << "noise about 0";
-    EXPECT_FALSE(step(0.81)) << "moves";
-    EXPECT_FALSE(step(0.0));
-    EXPECT_FALSE(step(0.0));
-    EXPECT_TRUE(step(0.5));                                  // mean 0.167
-    EXPECT_FALSE(step(0.5)) << "creeps";                     // mean 0.25
-    EXPECT_TRUE(step(-0.2));                                 // 0.16
-    EXPECT_TRUE(step(0.3)) << "the mean is of five seconds"; // 0.188
-    EXPECT_FALSE(step(0.3));                                 // 0.21
-}
-
-TEST(VelocityLag, IsTheLeastSquaresFitOfSurprisesToChanges)
-{
-    const EastNorth change{6.0, 8.0};
-    GPS::CVelocityLag lag;
-    lag.Step(0.7 * change, 10.0, change, true, 1.0);
-    EXPECT_NEAR(lag.Seconds(), 0.7 * 100.0 / 101.0, 1e-12);
-    lag.Step(0.7 * change, 10.0, change, true, 1.0); // 0.875 of the first change are left
-    EXPECT_NEAR(lag.Seconds(), 0.7 * 451.5625 / 452.5625, 1e-12);
-    lag.Begin();
-    lag.Step(0.7 * change, 10.0, change, true, 4.0);
-    EXPECT_NEAR(lag.Seconds(), 0.7 * 476.5625 / 477.5625, 1e-12) << "weighted by the score";
-    const double learnt = lag.Seconds();
-    lag.Step(change, 0.8, change, true, 1.0);
-    lag.Step(change, 10.0, change, false, 1.0);
-    EXPECT_EQ(lag.Seconds(), learnt) << "nothing is learnt of one who stands, nor of an outlier";
-}
-
-TEST(GainBank, AveragesOverTheStandstillAndForgetsItByHalves)
-{
-    GPS::CGainBank bank;
-    bank.Step({6.0, -12.0}, true, true);
-    bank.Step({0.0, 0.0}, true, true);
-    EXPECT_NEAR(bank.Offset().east, -2.0, 1e-12) << "a third of the first surprise is left";
-    EXPECT_NEAR(bank.Offset().north, 4.0, 1e-12);
-    EXPECT_EQ(bank.BestScore(), 25.0) << "unscored";
-    bank.Step({0.0, 0.0}, true, false); // averages over 1.5, 1 / 0.55, 3.5 and 3.5 fixes
-    EXPECT_NEAR(bank.Offset().east, -2.0 + 2.0 * (1 / 1.5 + 0.55 + 2 / 3.5) / 4, 1e-12);
-    EXPECT_NEAR(bank.BestScore(), (25.0 + (4.0 + 16.0) / 2) / 2, 1e-12);
-    const double before = bank.Offset().east;
-    bank.Step({1.0, 0.0}, false, false);
-    EXPECT_NEAR(bank.Offset().east, before - 1.0, 1e-12) << "by the velocity alone";
-    bank.Begin();
-    EXPECT_EQ(bank.Offset().north, 0.0);
-}
-
 struct Look {
     double metres;
-    double score = 0.0;
-    EastNorth change = {};
+    int times = 1;         // a second apart
+    double score = 0.0;    // [m2]
+    EastNorth change = {}; // [m/s]
     bool moved = true;
 };
 
-Gate::VERDICT Judge(Gate& gate, const Look& look, int times = 1)
+TEST(OutlierGate, JudgesAFixByItsDistanceAndTheVelocityByManyOfThem)
 {
-    Gate::VERDICT verdict = Gate::VERDICT_BELIEVE;
-    for (; times > 0; --times) {
-        verdict = gate.Step({look.metres * look.metres, look.score, look.change, look.moved}, 1.0);
-    }
-    return verdict;
-}
-
-TEST(OutlierGate, JudgesAFixByItsDistance)
-{
+    constexpr Look UNMOVED{0.0, 1, 0.0, {}, false};
     const struct {
         const char* rule;
-        int secondsBefore;
-        Look look;
-        Gate::VERDICT verdict;
+        std::vector<Look> looks;
+        Gate::VERDICT last;
     } ROWS[] = {
-        {"8 m are none", 15, {8.0}, Gate::VERDICT_BELIEVE},
-        {"more are one", 15, {8.001}, Gate::VERDICT_COAST},
-        {"2 m for each m/s of change", 15, {17.99, 0.0, {3.0, 4.0}}, Gate::VERDICT_BELIEVE},
-        {"and no more", 15, {18.01, 0.0, {3.0, 4.0}}, Gate::VERDICT_COAST},
-        {"3 sigma of two axes", 15, {29.99, 50.0}, Gate::VERDICT_BELIEVE},
-        {"beyond them", 15, {30.01, 50.0}, Gate::VERDICT_COAST},
-        {"soon after a start the fix is right", 13, {199.9}, Gate::VERDICT_GO_OVER},
-        {"unless it is far", 13, {200.0}, Gate::VERDICT_COAST},
-        {"not 15 s after it", 14, {199.9}, Gate::VERDICT_COAST},
+        {"8 m are none", {{0.0, 15}, {8.0}}, Gate::VERDICT_BELIEVE},
+        {"more are one", {{0.0, 15}, {8.001}}, Gate::VERDICT_COAST},
+        {"2 m for each m/s of change", {{0.0, 15}, {17.99, 1, 0.0, {3.0, 4.0}}}, Gate::VERDICT_BELIEVE},
+        {"and no more", {{0.0, 15}, {18.01, 1, 0.0, {3.0, 4.0}}}, Gate::VERDICT_COAST},
+        {"3 sigma of two axes", {{0.0, 15}, {29.99, 1, 50.0}}, Gate::VERDICT_BELIEVE},
+        {"beyond them", {{0.0, 15}, {30.01, 1, 50.0}}, Gate::VERDICT_COAST},
+        {"soon after a start the fix is right", {{0.0, 13}, {199.9}}, Gate::VERDICT_GO_OVER},
+        {"unless it is far", {{0.0, 13}, {200.0}}, Gate::VERDICT_COAST},
+        {"not 15 s after it", {{0.0, 14}, {199.9}}, Gate::VERDICT_COAST},
+        {"10 s of outliers", {{0.0, 15}, {20.0, 10}}, Gate::VERDICT_COAST},
+        {"longer", {{0.0, 15}, {20.0, 11}}, Gate::VERDICT_GO_OVER},
+        {"counted anew", {{0.0, 15}, {20.0, 10}, {0.0}, {20.0, 10}}, Gate::VERDICT_COAST},
+        {"twice the first one", {{0.0, 15}, {20.0}, {40.0}}, Gate::VERDICT_COAST},
+        {"farther", {{0.0, 15}, {20.0}, {40.1}}, Gate::VERDICT_GO_OVER},
+        {"the same position twice", {{0.0, 15}, UNMOVED, {20.0}}, Gate::VERDICT_COAST},
+        {"three times", {{0.0, 15}, UNMOVED, UNMOVED, {20.0}}, Gate::VERDICT_GO_OVER},
     };
     for (const auto& row : ROWS) {
         Gate gate;
-        Judge(gate, {0.0}, row.secondsBefore);
-        EXPECT_EQ(Judge(gate, row.look), row.verdict) << row.rule;
+        Gate::VERDICT verdict = Gate::VERDICT_BELIEVE;
+        for (const Look& look : row.looks) {
+            for (int i = 0; i < look.times; ++i) {
+                verdict = gate.Step({look.metres * look.metres, look.score, look.change, look.moved}, 1.0);
+            }
+        }
+        EXPECT_EQ(verdict, row.last) << row.rule;
     }
-}
-
-TEST(OutlierGate, EndsBelievingItselfWhenTheVelocityIsWrong)
-{
-    const auto settled = [] {
-        Gate gate;
-        Judge(gate, {0.0}, 20);
-        return gate;
-    };
-    Gate tooLong = settled();
-    EXPECT_EQ(Judge(tooLong, {20.0}, 10), Gate::VERDICT_COAST);
-    EXPECT_EQ(Judge(tooLong, {0.0}), Gate::VERDICT_BELIEVE);
-    EXPECT_EQ(Judge(tooLong, {20.0}, 10), Gate::VERDICT_COAST) << "counted anew";
-    EXPECT_EQ(Judge(tooLong, {20.0}), Gate::VERDICT_GO_OVER);
-
-    Gate doubling = settled();
-    EXPECT_EQ(Judge(doubling, {20.0}), Gate::VERDICT_COAST);
-    EXPECT_EQ(Judge(doubling, {40.0}), Gate::VERDICT_COAST);
-    EXPECT_EQ(Judge(doubling, {40.1}), Gate::VERDICT_GO_OVER);
-
-    Gate frozen = settled();
-    Judge(frozen, {0.0, 0.0, {}, false});
-    EXPECT_EQ(Judge(frozen, {20.0}), Gate::VERDICT_COAST);
-    Judge(frozen, {0.0, 0.0, {}, false}, 2);
-    EXPECT_EQ(Judge(frozen, {20.0}), Gate::VERDICT_GO_OVER);
-}
-
-TEST(HeldHeading, IsTheReceiversTheMeansOrTheLast)
-{
-    GPS::CHeldHeading heading;
-    const auto step = [&heading](double raw, EastNorth velocity, bool still) {
-        return heading.Step(raw, std::hypot(velocity.east, velocity.north), velocity, 1.0, still);
-    };
-    heading.Begin(45.0);
-    EXPECT_EQ(step(200.0, {0.1, 0.0}, false), 45.0) << "the mean is noise";
-    EXPECT_NEAR(step(200.0, {0.75, 0.0}, false), 90.0, 1e-9) << "creeps";
-    EXPECT_NEAR(step(200.0, {-0.75, 0.0}, false), 90.0, 1e-9) << "a mean near none";
-    EXPECT_NEAR(step(200.0, {-0.6, 0.35}, false), 294.305, 0.001); // mean -0.3875, 0.175
-    EXPECT_EQ(step(200.0, {0.6, 0.6}, false), 200.0) << "drives";
-    EXPECT_EQ(step(10.0, {0.0, 0.7}, true), 200.0) << "stands";
 }
 
 /// On a flat Earth, 100 km a degree.
