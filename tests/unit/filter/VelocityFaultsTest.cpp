@@ -41,9 +41,9 @@ struct Road {
     tagLonLat latest{};     // [deg] the fix before it got slow
 
     /// Two minutes of driving, with a bend, braking, standing and starting, over and over.
-    void Drive(double seconds)
+    void Drive(int periods)
     {
-        for (; seconds > 1e-9; seconds -= period) {
+        for (; periods > 0; --periods) {
             clock += period;
             driven += period;
             const double phase = std::fmod(driven, 120.0);
@@ -55,7 +55,7 @@ struct Road {
 
     _GPS_Data Fix()
     {
-        Drive(period);
+        Drive(1);
         const EastNorth velocity = Velocity() + 0.2 * Noise();
         _GPS_Data fix;
         fix.valid = 1;
@@ -123,10 +123,10 @@ const struct Fault {
     {"time stands still", 100, [](Moment& m) { SetTime(m.fix, 7); }, FAULT_HARMLESS},
     {"time runs back", 100, [](Moment& m) { SetTime(m.fix, 9000 - m.k); }, FAULT_HARMLESS},
     {"midnight", 1, [](Moment& m) { m.road.clock = 86300.0; }, FAULT_HARMLESS},
-    {"a gap of 2 s", 1, [](Moment& m) { m.road.Drive(2.0); }, FAULT_HARMFUL},
-    {"a gap of 6 s", 1, [](Moment& m) { m.road.Drive(6.0); }, FAULT_HARMFUL},
-    {"a gap of an hour", 1, [](Moment& m) { m.road.Drive(3600.0); }, FAULT_HARMFUL},
-    {"a gap of a day", 1, [](Moment& m) { m.road.Drive(86399.0); }, FAULT_HARMFUL},
+    {"a gap of 2 s", 1, [](Moment& m) { m.road.Drive(2); }, FAULT_HARMFUL},
+    {"a gap of 6 s", 1, [](Moment& m) { m.road.Drive(6); }, FAULT_HARMFUL},
+    {"a gap of an hour", 1, [](Moment& m) { m.road.Drive(3600); }, FAULT_HARMFUL},
+    {"a gap of a day", 1, [](Moment& m) { m.road.Drive(86399); }, FAULT_HARMFUL},
     {"the meridian", 300, [](Moment&) {}, FAULT_HARMLESS, 1.0, 179.99},
     {"near the pole", 60, [](Moment& m) { m.fix.lonLat.lat = 89.99; }, FAULT_HARMLESS},
     {"a fix in 5 s", 600, [](Moment&) {}, FAULT_HARMLESS, 0.2},
@@ -164,9 +164,9 @@ protected:
     void Feed(
         Road& road, double seconds, Errors& errors, void (*spoil)(Moment&) = [](Moment&) {})
     {
-        int k = 0;
-        for (double t = 0.0; t < seconds; t += road.period) {
-            Moment moment{road, road.Fix(), k++};
+        const int epochs = static_cast<int>(std::lround(seconds / road.period));
+        for (int k = 0; k < epochs; ++k) {
+            Moment moment{road, road.Fix(), k};
             spoil(moment);
             errors.raw += road.SquareError(moment.fix);
             errors.smoothed += ErrorOf(filter, moment);
