@@ -55,8 +55,7 @@ void CKalmanFilter::Update()
     gain = A * V;
     const CMatrix y = z - (H * predictedState);
     correctedState = predictedState + (gain * y);
-    const CMatrix I(gain.Rows());
-    correctedCovariance = (I - (gain * H)) * predictedCovariance;
+    correctedCovariance = (CMatrix(gain.Rows()) - (gain * H)) * predictedCovariance; // I - K H
     covariance = correctedCovariance;
     state = correctedState;
     observation = nullptr;

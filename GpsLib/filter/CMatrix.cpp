@@ -2,13 +2,35 @@
 
 #include <algorithm>
 #include <cfloat>
+#include <functional>
 #include <new>
+#include <utility>
 
 // Excess precision would give the filter other bits; on 32-bit x86 build with -mfpmath=sse.
 static_assert(FLT_EVAL_METHOD == 0);
 
 namespace GPS
 {
+
+namespace
+{
+
+/// Writes WIDTH neighbours in a row of a product, from the column `at` on: side by side, so that the row of
+/// the left one is read once for all of them. Each is summed from the row's first element to its last all the
+/// same.
+template <std::size_t WIDTH>
+void SumProducts(const double* row, int count, const double* right, int cols, int at, double* out) noexcept
+{
+    double sums[WIDTH] = {};
+    for (int k = 0; k < count; ++k) {
+        for (std::size_t w = 0; w < WIDTH; ++w) {
+            sums[w] = right[static_cast<std::size_t>(k * cols + at) + w] * row[k] + sums[w];
+        }
+    }
+    std::copy_n(sums, WIDTH, out + at);
+}
+
+} // namespace
 
 CMatrix::CMatrix() noexcept : data(nullptr), cols(0), rows(0) {}
 
@@ -37,6 +59,13 @@ CMatrix::CMatrix(const double* values, int cols, int rows) : CMatrix(Unwritten()
 
 CMatrix::CMatrix(const CMatrix& other) : CMatrix(other.data, other.cols, other.rows) {}
 
+CMatrix::CMatrix(CMatrix&& other) noexcept
+    : data(std::exchange(other.data, nullptr)),
+      cols(std::exchange(other.cols, 0)),
+      rows(std::exchange(other.rows, 0))
+{
+}
+
 CMatrix::~CMatrix()
 {
     delete[] data;
@@ -44,15 +73,22 @@ CMatrix::~CMatrix()
 
 CMatrix& CMatrix::operator=(const CMatrix& other)
 {
-    if (this != &other) {
-        double* const copy =
-            Allocate(other.cols, other.rows); // before the old elements go, so that a failure is none
-        std::copy_n(other.data, other.Count(), copy);
-        delete[] data;
-        data = copy;
-        cols = other.cols;
-        rows = other.rows;
+    if (this == &other) {
+        return *this;
     }
+    if (cols != other.cols || rows != other.rows) {
+        return *this = CMatrix(other); // made before the old elements go, so that a failure is none
+    }
+    std::copy_n(other.data, Count(), data);
+    return *this;
+}
+
+CMatrix& CMatrix::operator=(CMatrix&& other) noexcept
+{
+    CMatrix taken(std::move(other));
+    std::swap(data, taken.data);
+    std::swap(cols, taken.cols);
+    std::swap(rows, taken.rows);
     return *this;
 }
 
@@ -107,57 +143,51 @@ CMatrix CMatrix::Transpose() const
     return result;
 }
 
-// All diagonals are added before the first anti-diagonal is subtracted; the filter's bits rest on that order.
 double CMatrix::Determinant() const noexcept
 {
-    const int n = cols;
-    if (n < 1 || rows < n) {
+    return rows < cols ? 0.0 : DeterminantWithout(rows, cols);
+}
+
+/// Of what is left when a row and a column are left out; those beyond the last leave nothing out.
+double CMatrix::DeterminantWithout(int row, int column) const noexcept
+{
+    const int n = column < cols ? cols - 1 : cols;
+    if (n < 1) {
         return 0.0;
     }
+    const auto at = [=](int r, int c) {
+        return data[(r < row ? r : r + 1) * cols + (c < column ? c : c + 1)];
+    };
     if (n == 1) {
-        return data[0];
+        return at(0, 0);
     }
+    const auto diagonal = [=](int first, int step) {
+        double product = 1.0;
+        for (int i = 0, c = first; i < n; ++i, c += step) {
+            c = c == n ? 0 : c < 0 ? n - 1 : c;
+            product = at(i, c) * product;
+        }
+        return product;
+    };
+    // All diagonals come before the first anti-diagonal: the filter's bits rest on that order.
     const int diagonals = n == 2 ? 1 : n;
     double sum = 0.0;
     for (int k = 0; k < diagonals; ++k) {
-        double product = 1.0;
-        for (int i = 0, column = k; i < n; ++i, ++column) {
-            if (column == n) {
-                column = 0;
-            }
-            product = data[i * n + column] * product;
-        }
-        sum = product + sum;
+        sum = diagonal(k, 1) + sum;
     }
     for (int k = 0; k < diagonals; ++k) {
-        double product = 1.0;
-        for (int i = 0, column = n - 1 - k; i < n; ++i, --column) {
-            if (column < 0) {
-                column = n - 1;
-            }
-            product = data[i * n + column] * product;
-        }
-        sum = sum - product;
+        sum = sum - diagonal(n - 1 - k, -1);
     }
     return sum;
 }
 
-double CMatrix::Cofactor(int row, int column) const
+double CMatrix::Cofactor(int row, int column) const noexcept
 {
     if (row < 0 || column < 0 || row >= cols || column >= rows || rows != cols) {
         return 0.0;
     }
-    CMatrix smaller(Unwritten(), cols - 1, rows - 1);
-    double* next = smaller.data;
-    for (int r = 0; r < rows; ++r) {
-        if (r != row) {
-            const double* const from = (*this)[r];
-            next = std::copy(from, from + column, next);
-            next = std::copy(from + column + 1, from + cols, next);
-        }
-    }
     const double sign = (row + column) % 2 == 0 ? 1.0 : -1.0;
-    return sign * smaller.Determinant();
+    return sign * DeterminantWithout(row, column);
 }
 
 bool CMatrix::Inverse(CMatrix& out) const
@@ -172,35 +202,44 @@ bool CMatrix::Inverse(CMatrix& out) const
         out = CMatrix(&inverse, 1);
         return true;
     }
-    CMatrix adjugate(Unwritten(), cols, rows);
+    CMatrix inverse(Unwritten(), cols, rows);
     for (int i = 0; i < rows; ++i) {
         for (int j = 0; j < cols; ++j) {
-            adjugate[i][j] = Cofactor(j, i);
+            inverse[i][j] = Cofactor(j, i) * scale;
         }
     }
-    out = adjugate * scale;
+    out = std::move(inverse);
     return true;
 }
 
 template <class OPERATION>
-CMatrix CMatrix::Combine(const CMatrix& right, OPERATION operation) const
+CMatrix CMatrix::Combine(CMatrix left, const CMatrix& right, OPERATION operation)
 {
-    if (rows != right.rows || cols != right.cols) {
+    if (left.rows != right.rows || left.cols != right.cols) {
         return CMatrix(1);
     }
-    CMatrix result(Unwritten(), cols, rows);
-    std::transform(data, data + Count(), right.data, result.data, operation);
-    return result;
+    std::transform(left.data, left.data + left.Count(), right.data, left.data, operation);
+    return left;
 }
 
-CMatrix CMatrix::operator+(const CMatrix& right) const
+CMatrix CMatrix::operator+(const CMatrix& right) const&
 {
-    return Combine(right, [](double a, double b) { return a + b; });
+    return Combine(*this, right, std::plus<>());
 }
 
-CMatrix CMatrix::operator-(const CMatrix& right) const
+CMatrix CMatrix::operator+(const CMatrix& right) &&
 {
-    return Combine(right, [](double a, double b) { return a - b; });
+    return Combine(std::move(*this), right, std::plus<>());
+}
+
+CMatrix CMatrix::operator-(const CMatrix& right) const&
+{
+    return Combine(*this, right, std::minus<>());
+}
+
+CMatrix CMatrix::operator-(const CMatrix& right) &&
+{
+    return Combine(std::move(*this), right, std::minus<>());
 }
 
 CMatrix CMatrix::operator*(const CMatrix& right) const
@@ -215,17 +254,15 @@ CMatrix CMatrix::operator*(const CMatrix& right) const
         return *this;
     }
     CMatrix result(Unwritten(), right.cols, rows);
-    double* next = result.data;
-    const double* row = data;
-    for (int i = 0; i < rows; ++i, row += cols) {
-        for (int j = 0; j < right.cols; ++j) {
-            std::ptrdiff_t at = j; // no pointer: without rows, there is nothing to point into
-            double sum = 0.0;
-            for (int k = 0; k < cols; ++k, at += right.cols) {
-                sum = right.data[at] * row[k] + sum;
-            }
-            *next = sum;
-            ++next;
+    for (int i = 0; i < rows; ++i) {
+        const double* const row = (*this)[i];
+        double* const to = result[i];
+        int j = 0;
+        for (; j + 1 < right.cols; j += 2) {
+            SumProducts<2>(row, cols, right.data, right.cols, j, to);
+        }
+        if (j < right.cols) {
+            SumProducts<1>(row, cols, right.data, right.cols, j, to);
         }
     }
     return result;

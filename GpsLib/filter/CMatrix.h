@@ -27,10 +27,14 @@ public:
     /// zeros.
     CMatrix(const double* values, int cols, int rows);
     CMatrix(const CMatrix& other);
+    /// Takes the elements over; `other` is empty then.
+    CMatrix(CMatrix&& other) noexcept;
     ~CMatrix();
 
     /// Deep copy; takes over the shape. When it throws, the matrix is as it was.
     CMatrix& operator=(const CMatrix& other);
+    /// Takes shape and elements over; `other` is empty then.
+    CMatrix& operator=(CMatrix&& other) noexcept;
 
     /// Result: the first element of a row; null when there is no such row. Columns are not tested.
     double* operator[](int row) noexcept;
@@ -51,17 +55,19 @@ public:
     double Determinant() const noexcept;
 
     /// Result: 0.0 when the matrix isn't square or has no such element.
-    double Cofactor(int row, int column) const;
+    double Cofactor(int row, int column) const noexcept;
 
     /// For square matrices; one with more rows than columns gives nothing of use.
     /// out: the inverse, by the adjugate.
     /// Result: false when Determinant gives 0.0; `out` is then as it was.
     bool Inverse(CMatrix& out) const;
 
-    /// Sum and difference.
+    /// Sum and difference. A left one that is a temporary lends its elements to the result.
     /// Result: the 1 by 1 matrix holding 1.0 when the shapes differ.
-    CMatrix operator+(const CMatrix& right) const;
-    CMatrix operator-(const CMatrix& right) const;
+    CMatrix operator+(const CMatrix& right) const&;
+    CMatrix operator+(const CMatrix& right) &&;
+    CMatrix operator-(const CMatrix& right) const&;
+    CMatrix operator-(const CMatrix& right) &&;
 
     /// Product. A 1 by 1 matrix scales the other.
     /// Result: a copy of the left one when the shapes don't fit.
@@ -77,8 +83,9 @@ private:
     static double* Allocate(int cols, int rows);
     std::size_t Count() const noexcept;
     bool IsSingle() const noexcept { return cols == 1 && rows == 1; }
+    double DeterminantWithout(int row, int column) const noexcept;
     template <class OPERATION>
-    CMatrix Combine(const CMatrix& right, OPERATION operation) const;
+    static CMatrix Combine(CMatrix left, const CMatrix& right, OPERATION operation);
 
     double* data; // owned; null in an empty matrix
     std::int32_t cols;
