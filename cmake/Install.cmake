@@ -38,6 +38,7 @@ set(KEST_GPS_LAYER_HEADERS
     adapter/Talkers.h
     event/EventReceivers.h
     platform/PortMap.h
+    platform/PortOptions.h
     route/CGuidePath.h)
 foreach(header ${KEST_GPS_LAYER_HEADERS})
     get_filename_component(layer ${header} DIRECTORY)

@@ -39,6 +39,8 @@ public:
     void Take(const char* bytes, std::size_t length, CSentenceSink& sink) noexcept;
     /// The stream has ended: a sentence that still waits for its line end goes out without.
     void End(CSentenceSink& sink) noexcept;
+    /// The stream has broken off: the rest of a sentence that has begun won't come, and it goes nowhere.
+    void DropTorn() noexcept { cutter.DropTorn(); }
     /// As made anew, for another receiver or after a gap; the talkers stay.
     void Reset() noexcept { *this = CSentenceAdapter(talkers); }
 

@@ -53,6 +53,12 @@ bool CSentenceCutter::End() noexcept
     return inside;
 }
 
+void CSentenceCutter::DropTorn() noexcept
+{
+    strayBytes += state == INSIDE ? count : 0;
+    state = OUTSIDE;
+}
+
 std::size_t CSentenceCutter::SkipStray(const char* bytes, std::size_t length) noexcept
 {
     const std::size_t stray = Find('$', bytes, length);

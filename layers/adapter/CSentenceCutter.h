@@ -29,6 +29,8 @@ public:
     void EndLine() noexcept;
     /// The stream has ended. Result: true when it ended inside a sentence, which then counts as ended.
     bool End() noexcept;
+    /// The stream has broken off: a sentence that it broke counts as stray.
+    void DropTorn() noexcept;
 
     /// [byte] that belonged to no sentence, since the cutter was made.
     std::uint64_t StrayBytes() const noexcept { return strayBytes; }

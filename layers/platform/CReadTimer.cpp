@@ -1,12 +1,23 @@
 #include "layers/platform/CReadTimer.h"
 
+#include <algorithm>
 #include <cstdint>
 
 namespace platform
 {
 
+namespace
+{
+
+// Longer than a burst's bytes lie apart, and than a receiver of ten fixes a second pauses until its next GGA
+// while the reader isn't resting. A read that ended at any line would often have the reader rest just while
+// GGA comes in.
+constexpr std::uint64_t PAUSE = 60; // [ms]
+
+} // namespace
+
 CReadTimer::CReadTimer(const COMMTIMEOUTS& timeouts, std::size_t length) noexcept
-    : interval(timeouts.ReadIntervalTimeout), gapEnd(NEVER)
+    : interval(timeouts.ReadIntervalTimeout)
 {
     const std::uint64_t total =
         timeouts.ReadTotalTimeoutConstant + std::uint64_t{timeouts.ReadTotalTimeoutMultiplier} * length;
@@ -19,16 +30,18 @@ CReadTimer::CReadTimer(const COMMTIMEOUTS& timeouts, std::size_t length) noexcep
 void CReadTimer::BytesCame() noexcept
 {
     gapEnd = atOnce ? totalEnd : DeadlineIn(interval);
+    pauseEnd = DeadlineIn(PAUSE);
 }
 
-Clock::time_point CReadTimer::End(bool holding) const noexcept
+Clock::time_point CReadTimer::End(HELD held) const noexcept
 {
-    return EndsByGap(holding) ? gapEnd : totalEnd;
+    const Clock::time_point end = EndsByGap(held) ? gapEnd : totalEnd;
+    return held == HELD::LINES ? std::min(end, pauseEnd) : end;
 }
 
-bool CReadTimer::EndsByGap(bool holding) const noexcept
+bool CReadTimer::EndsByGap(HELD held) const noexcept
 {
-    return holding && gapEnd <= totalEnd;
+    return held != HELD::NOTHING && gapEnd <= totalEnd && (held != HELD::LINES || gapEnd <= pauseEnd);
 }
 
 } // namespace platform

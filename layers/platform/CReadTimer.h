@@ -9,7 +9,16 @@
 namespace platform
 {
 
-/// The deadlines of one read: its total time, and the gap between two bytes.
+/// What a read holds so far.
+enum class HELD {
+    NOTHING,
+    BYTES,
+    LINES, // whole ones, for which a prompt read waits less
+    ENOUGH // to end at once
+};
+
+/// The deadlines of one read: its total time, the gap between two bytes, and a shorter one behind whole
+/// lines.
 class CReadTimer
 {
 public:
@@ -17,20 +26,21 @@ public:
     /// length: bytes that the read waits for.
     CReadTimer(const COMMTIMEOUTS& timeouts, std::size_t length) noexcept;
 
-    /// Begins the gap anew.
+    /// Begins the gaps anew.
     void BytesCame() noexcept;
 
-    /// holding: whether the read holds bytes; without any there is no gap.
-    Clock::time_point End(bool holding) const noexcept;
+    /// held: without any bytes there is no gap.
+    Clock::time_point End(HELD held) const noexcept;
 
-    /// Result: whether that end is the gap's.
-    bool EndsByGap(bool holding) const noexcept;
+    /// Result: whether that end is the gap's, behind which a torn line goes out too.
+    bool EndsByGap(HELD held) const noexcept;
 
 private:
     DWORD interval; // [ms], 0 means none
     bool atOnce;    // ends with what is there: both deadlines are the beginning
     Clock::time_point totalEnd;
     Clock::time_point gapEnd;
+    Clock::time_point pauseEnd; // of the gap behind whole lines
 };
 
 } // namespace platform

@@ -2,30 +2,41 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
+
+#include "layers/adapter/CSentenceSink.h"
 
 namespace platform
 {
 
-/// A fixed buffer that gives away whole lines where it can: a sentence cut by the end of a read would be
-/// lost.
-class CReceivedBytes
+/// A buffer of fixed length that gives away whole lines where it can: a sentence cut by the end of a read
+/// would be lost.
+class CReceivedBytes final : public adapter::CSentenceSink
 {
 public:
-    /// As long as the kernel's own queue of a terminal. A read of more is served as one of this length.
-    static constexpr std::size_t CAPACITY = 4096; // [byte]
+    /// capacity: [byte].
+    /// cutAtSentences: of the line feeds only those end a line that "$" follows, and one at the end of what
+    /// is there behind a line with "$" in it.
+    /// Throws std::bad_alloc.
+    CReceivedBytes(std::size_t capacity, bool cutAtSentences);
 
     std::size_t Count() const noexcept { return count; }
-    /// Room for CAPACITY - Count() bytes.
-    char* Free() noexcept { return bytes + count; }
-    /// Takes over what was written to Free().
-    void Add(std::size_t length) noexcept { count += length; }
+    std::size_t Room() const noexcept { return capacity - count; }
+    /// length: at most Room().
+    void Add(const char* added, std::size_t length) noexcept;
+    /// Without room for all of it the sentence is lost whole.
+    void OnSentence(const char* sentence, std::size_t length) noexcept override;
     void Clear() noexcept { count = 0; }
     /// Drops the line that was still arriving.
     void DropTornLine() noexcept { count = WholeLines(count); }
 
+    bool HoldsLine() const noexcept { return WholeLines(count) != 0; }
+    /// Result: whether one of the whole lines is a sentence of type GGA, of any talker.
+    bool HoldsGga() const noexcept;
+
     /// Moves bytes out, the oldest first, and keeps the rest.
     /// room: at most so many.
-    /// torn: whether a line that isn't complete goes out too. Else the bytes end at a line feed, unless they
+    /// torn: whether a line that isn't complete goes out too. Else the bytes end with a line, unless they
     /// fill the room without one: a line without end must not block.
     /// Result: the bytes moved.
     std::size_t MoveOut(char* buffer, std::size_t room, bool torn) noexcept;
@@ -33,8 +44,13 @@ public:
 private:
     /// Result: the length of the whole lines within the first `length` bytes.
     std::size_t WholeLines(std::size_t length) const noexcept;
+    /// Result: the same, whatever follows the line feeds.
+    std::size_t UpToLineFeed(std::size_t length) const noexcept;
+    bool EndsSentence(std::size_t length) const noexcept;
 
-    char bytes[CAPACITY];
+    const std::size_t capacity;
+    const bool cutAtSentences;
+    const std::unique_ptr<char[]> bytes;
     std::size_t count = 0;
 };
 

@@ -13,6 +13,11 @@ std::uintptr_t NumberOf(HANDLE handle)
     return reinterpret_cast<std::uintptr_t>(handle);
 }
 
+HANDLE HandleFrom(std::uintptr_t number)
+{
+    return reinterpret_cast<HANDLE>(number); // NOLINT(performance-no-int-to-ptr): a number nobody follows
+}
+
 } // namespace
 
 CSerialHandles::Use::Use(CSerialHandles& handles, HANDLE handle) noexcept : handles(handles), entry(nullptr)
@@ -44,8 +49,18 @@ HANDLE CSerialHandles::Add(std::unique_ptr<CSerialLine> line)
     }
     lines[lastNumber + 1].line = std::move(line);
     ++lastNumber;
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): a number that nobody follows
-    return reinterpret_cast<HANDLE>(lastNumber);
+    return HandleFrom(lastNumber);
+}
+
+HANDLE CSerialHandles::HandleOf(std::uint32_t portNumber) noexcept
+{
+    const std::lock_guard<std::mutex> guard(lock);
+    for (auto entry = lines.rbegin(); entry != lines.rend(); ++entry) {
+        if (!entry->second.closing && entry->second.line->PortNumber() == portNumber) {
+            return HandleFrom(entry->first);
+        }
+    }
+    return INVALID_HANDLE_VALUE;
 }
 
 bool CSerialHandles::Close(HANDLE handle) noexcept

@@ -49,6 +49,10 @@ public:
     /// Throws std::bad_alloc.
     HANDLE Add(std::unique_ptr<CSerialLine> line);
 
+    /// Result: the handle of "COMn:", INVALID_HANDLE_VALUE when it isn't open; of two that were opened by
+    /// that number, one assigned anew in between, the later one.
+    HANDLE HandleOf(std::uint32_t portNumber) noexcept;
+
     /// Interrupts the port's users, waits until they have left, and closes it.
     /// Result: false when the handle isn't open, or another thread is closing it.
     bool Close(HANDLE handle) noexcept;

@@ -13,7 +13,6 @@
 #include <termios.h>
 #include <unistd.h>
 
-#include "layers/platform/CReadTimer.h"
 #include "layers/platform/TermiosSettings.h"
 
 namespace platform
@@ -26,7 +25,13 @@ using std::chrono::milliseconds;
 
 constexpr milliseconds BETWEEN_TRIES(100); // to open a device that has gone
 constexpr milliseconds AFTER_NOTHING(10);  // when a device says that it is ready and gives nothing
+constexpr milliseconds FOR_MORE(5);        // between two looks at a line that a prompt read waits for
 constexpr milliseconds FOR_ROOM(10);       // in a full output queue; never drains one in between
+
+constexpr std::size_t TAKEN_MAX = 512;         // [byte] from the kernel in one go
+constexpr std::size_t KEPT_MAX = 16384;        // [byte] about two seconds of what the library takes
+constexpr std::size_t ADAPTED_MAX = 4096;      // [byte] more than an adapter makes of TAKEN_MAX
+constexpr int GOES_MAX = KEPT_MAX / TAKEN_MAX; // to catch up in, or a flood of what is dropped held a read
 
 constexpr int BOTH_LINES = TIOCM_DTR | TIOCM_RTS;
 constexpr DWORD USUAL_SPEED = 9600; // [bit/s], for a device that was left hung up
@@ -38,13 +43,33 @@ bool HasHungUp(int tty)
     return (watched.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
 }
 
+bool HasAny(const PortOptions& options)
+{
+    return options.adapt || options.prompt || options.cutAtSentences || options.tap;
+}
+
+// What the caller's function throws mustn't cost the library a byte.
+void Tap(const PortOptions& options, const char* bytes, std::size_t length)
+{
+    try {
+        options.tap(bytes, length);
+    } catch (...) { // NOLINT(bugprone-empty-catch): as told beside the option
+    }
+}
+
 } // namespace
 
-CSerialLine::CSerialLine() noexcept
-    : interruption(-1),
+CSerialLine::CSerialLine(std::shared_ptr<const PortAssignment> assigned)
+    : assignment(std::move(assigned)),
+      keepsMuch(HasAny(assignment->options)),
+      interruption(-1),
       settings(),
       timeouts(),
-      raisedLines(BOTH_LINES) // as the kernel raises them at each open
+      raisedLines(BOTH_LINES), // as the kernel raises them at each open
+      received(keepsMuch ? KEPT_MAX + ADAPTED_MAX : READ_MAX, assignment->options.cutAtSentences),
+      adapter(assignment->options.adapt
+                  ? std::make_unique<adapter::CSentenceAdapter>(assignment->options.talkers)
+                  : nullptr)
 {
     settings.DCBlength = sizeof settings;
     settings.fBinary = 1;
@@ -59,11 +84,10 @@ CSerialLine::~CSerialLine()
     }
 }
 
-bool CSerialLine::Open(std::string path) noexcept
+bool CSerialLine::Open() noexcept
 {
-    this->path = std::move(path);
     interruption = eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK);
-    if (interruption < 0 || !tty.Open(this->path.c_str()) || !ReadSettings(tty.Get(), settings)) {
+    if (interruption < 0 || !tty.Open(assignment->path.c_str()) || !ReadSettings(tty.Get(), settings)) {
         return false;
     }
     if (settings.BaudRate == 0) {
@@ -81,29 +105,53 @@ bool CSerialLine::Read(char* buffer, std::size_t length, DWORD& count) noexcept
 {
     count = 0;
     const std::lock_guard<std::mutex> turn(readTurn);
-    const std::size_t room = std::min(length, CReceivedBytes::CAPACITY);
+    const std::size_t room = std::min(length, READ_MAX);
     CReadTimer timer(GetTimeouts(), room); // the gap behind kept bytes begins here too: the caller was away
+    CatchUp();
     bool gap = false;
-    while (HeldCount() < room) {
-        const EVENT event = Await(timer.End(HeldCount() != 0));
+    for (HELD held = Held(room); held != HELD::ENOUGH; held = Held(room)) {
+        const EVENT event = Await(timer.End(held));
         if (event == EVENT::INTERRUPTED) {
             return false;
         }
         if (event == EVENT::DEVICE) {
-            if (TakeIn(room)) {
+            if (TakeAll(room)) {
                 timer.BytesCame();
             }
             continue;
         }
-        const bool holding = HeldCount() != 0;
-        if (Clock::now() >= timer.End(holding)) {
-            gap = timer.EndsByGap(holding);
+        held = Held(room);
+        if (Clock::now() >= timer.End(held)) {
+            gap = timer.EndsByGap(held);
             break;
         }
     }
     const std::lock_guard<std::mutex> guard(lock);
     count = static_cast<DWORD>(received.MoveOut(buffer, room, gap));
     return count != 0 || tty.IsOpen();
+}
+
+// Takes the kernel's queue out whole: on a fast line it holds no more than a tenth of a second.
+void CSerialLine::CatchUp() noexcept
+{
+    int goes = keepsMuch ? GOES_MAX : 0;
+    while (goes > 0 && Await(Clock::time_point::min()) == EVENT::DEVICE && TakeIn(0) == TAKEN_MAX) {
+        --goes;
+    }
+}
+
+// Result: whether bytes have come.
+bool CSerialLine::TakeAll(std::size_t room) noexcept
+{
+    const std::size_t taken = TakeIn(room);
+    if (taken == TAKEN_MAX) {
+        CatchUp();
+    } else if (taken > 0 && assignment->options.prompt) {
+        // A line arrives in pieces. To wake at each would cost more than the rests that a prompt read leaves
+        // out.
+        restUntil = Clock::now() + FOR_MORE;
+    }
+    return taken > 0;
 }
 
 // Looks at the device even if the deadline has passed: bytes may have come while this thread had no
@@ -127,18 +175,30 @@ CSerialLine::EVENT CSerialLine::Await(Clock::time_point deadline) const noexcept
     return dueForTry || watched[1].revents != 0 ? EVENT::DEVICE : EVENT::NOTHING;
 }
 
-// Result: whether bytes have come.
-bool CSerialLine::TakeIn(std::size_t room) noexcept
+// room: of the read that waits; a port that keeps much takes in more.
+// Result: the bytes that have come.
+std::size_t CSerialLine::TakeIn(std::size_t room) noexcept
 {
-    const std::lock_guard<std::mutex> guard(lock);
+    std::unique_lock<std::mutex> guard(lock);
     if (!tty.IsOpen()) {
         Reopen();
-        return false;
+        return 0;
     }
-    const ssize_t taken = read(tty.Get(), received.Free(), room - received.Count());
+    const std::size_t most = std::min(TAKEN_MAX, RoomFor(room));
+    if (most == 0) {
+        return 0;
+    }
+    char bytes[TAKEN_MAX];
+    const ssize_t taken = read(tty.Get(), bytes, most);
     if (taken > 0) {
-        received.Add(static_cast<std::size_t>(taken));
-        return true;
+        const auto length = static_cast<std::size_t>(taken);
+        if (assignment->options.tap) {
+            guard.unlock(); // only for the caller's function; a purge meanwhile doesn't reach these bytes
+            Tap(assignment->options, bytes, length);
+            guard.lock();
+        }
+        Keep(bytes, length);
+        return length;
     }
     const bool empty = taken < 0 && (errno == EAGAIN || errno == EINTR);
     if (empty && !HasHungUp(tty.Get())) {
@@ -146,12 +206,50 @@ bool CSerialLine::TakeIn(std::size_t room) noexcept
     } else {
         LoseDevice();
     }
-    return false;
+    return 0;
+}
+
+void CSerialLine::Keep(const char* bytes, std::size_t length) noexcept
+{
+    if (adapter != nullptr) {
+        adapter->Take(bytes, length, received);
+    } else {
+        received.Add(bytes, length);
+    }
+}
+
+std::size_t CSerialLine::RoomFor(std::size_t room) const noexcept
+{
+    if (keepsMuch) {
+        return received.Room() > ADAPTED_MAX ? received.Room() - ADAPTED_MAX : 0;
+    }
+    return room - received.Count();
+}
+
+HELD CSerialLine::Held(std::size_t room) noexcept
+{
+    const std::lock_guard<std::mutex> guard(lock);
+    const bool prompt = assignment->options.prompt;
+    if (received.Count() >= room || (prompt && received.HoldsGga())) {
+        return HELD::ENOUGH;
+    }
+    if (prompt && received.HoldsLine()) {
+        return HELD::LINES;
+    }
+    return received.Count() != 0 ? HELD::BYTES : HELD::NOTHING;
+}
+
+void CSerialLine::DropTornLine() noexcept
+{
+    received.DropTornLine();
+    if (adapter != nullptr) {
+        adapter->DropTorn();
+    }
 }
 
 void CSerialLine::Reopen() noexcept
 {
-    if (!tty.Open(path.c_str()) || !ApplySettings(tty.Get(), settings)) {
+    if (!tty.Open(assignment->path.c_str()) || !ApplySettings(tty.Get(), settings)) {
         LoseDevice();
         return;
     }
@@ -162,7 +260,7 @@ void CSerialLine::Reopen() noexcept
 void CSerialLine::LoseDevice() noexcept
 {
     tty.Close();
-    received.DropTornLine();
+    DropTornLine();
     restUntil = Clock::now() + BETWEEN_TRIES;
 }
 
@@ -252,6 +350,7 @@ bool CSerialLine::Purge(DWORD queues) noexcept
     bool purged = tty.IsOpen();
     if ((queues & PURGE_RXCLEAR) != 0) {
         received.Clear();
+        DropTornLine();
         purged = tcflush(tty.Get(), TCIFLUSH) == 0 && purged;
     }
     if ((queues & PURGE_TXCLEAR) != 0) {
@@ -273,10 +372,14 @@ bool CSerialLine::GetQueues(COMSTAT& state) noexcept
     return true;
 }
 
-std::size_t CSerialLine::HeldCount() noexcept
+bool CSerialLine::GetCounts(adapter::AdapterCounts& counts) noexcept
 {
+    if (adapter == nullptr) {
+        return false;
+    }
     const std::lock_guard<std::mutex> guard(lock);
-    return received.Count();
+    counts = adapter->Counts();
+    return true;
 }
 
 } // namespace platform

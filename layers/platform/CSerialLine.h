@@ -2,42 +2,50 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
+#include <memory>
 #include <mutex>
-#include <string>
 
 #include "GpsLib/contracts/WinSerial.h"
+#include "layers/adapter/CSentenceAdapter.h"
+#include "layers/platform/CReadTimer.h"
 #include "layers/platform/CReceivedBytes.h"
 #include "layers/platform/CTty.h"
 #include "layers/platform/Deadline.h"
+#include "layers/platform/PortAssignment.h"
 
 namespace platform
 {
 
 /// A serial port that someone has open. Its device may go and come back, which Read sees to; in between all
-/// but the time-outs fails. Nothing allocates after Open.
+/// but the time-outs fails. Nothing allocates after the construction, but a tap may.
 ///
 /// Thread: any, for all but Open and the destructor; reads wait for each other, and so do writes.
 class CSerialLine
 {
 public:
-    CSerialLine() noexcept;
+    /// As long as the kernel's own queue of a terminal. A read of more is served as one of this length.
+    static constexpr std::size_t READ_MAX = 4096; // [byte]
+
+    /// Throws std::bad_alloc.
+    explicit CSerialLine(std::shared_ptr<const PortAssignment> assignment);
     /// Closes the port. Nobody may be in an operation any more.
     ~CSerialLine();
     CSerialLine(const CSerialLine&) = delete;
     CSerialLine& operator=(const CSerialLine&) = delete;
 
     /// Opens the device for exclusive use, with the speed and frame that it has. Called once.
-    /// path: opened again when the device has gone.
-    bool Open(std::string path) noexcept;
+    bool Open() noexcept;
 
     /// Makes every Read and Write that waits, and every later one that would, return false.
     void Interrupt() noexcept;
 
-    /// Reads as ReadFile does, CReceivedBytes::CAPACITY at most. Tries to open a device that has gone every
-    /// 100 ms, and goes on with it as soon as it is back.
-    /// count: set to the bytes delivered, 0 on false.
-    /// Result: false after Interrupt, or when the device was gone at the end of the time-outs and nothing is
-    /// left of it.
+    std::uint32_t PortNumber() const noexcept { return assignment->portNumber; }
+
+    /// Reads as ReadFile does and the port's options say, READ_MAX at most. Tries to open a device that has
+    /// gone every 100 ms, and goes on with it as soon as it is back. count: set to the bytes delivered, 0 on
+    /// false. Result: false after Interrupt, or when the device was gone at the end of the time-outs and
+    /// nothing is left of it.
     bool Read(char* buffer, std::size_t length, DWORD& count) noexcept;
 
     /// Writes until all is with the driver or the time-out has run out.
@@ -64,6 +72,9 @@ public:
     /// Fills in the lengths of both queues.
     bool GetQueues(COMSTAT& state) noexcept;
 
+    /// Result: false without an adapter; nothing has then changed.
+    bool GetCounts(adapter::AdapterCounts& counts) noexcept;
+
 private:
     enum class EVENT {
         INTERRUPTED,
@@ -72,15 +83,21 @@ private:
     };
 
     EVENT Await(Clock::time_point deadline) const noexcept;
-    bool TakeIn(std::size_t room) noexcept;
+    void CatchUp() noexcept;
+    bool TakeAll(std::size_t room) noexcept;
+    std::size_t TakeIn(std::size_t room) noexcept;
+    void Keep(const char* bytes, std::size_t length) noexcept;
+    std::size_t RoomFor(std::size_t room) const noexcept;
+    HELD Held(std::size_t room) noexcept;
+    void DropTornLine() noexcept;
     void Reopen() noexcept;
     void LoseDevice() noexcept;
     bool RestInterrupted(Clock::time_point until) const noexcept;
-    std::size_t HeldCount() noexcept;
     bool ApplyLines() const noexcept;
 
-    std::string path;
-    int interruption; // owned eventfd, readable from Interrupt on for good
+    const std::shared_ptr<const PortAssignment> assignment; // its path is opened again after the device went
+    const bool keepsMuch; // any option is on: takes in more than a read asks for
+    int interruption;     // owned eventfd, readable from Interrupt on for good
 
     std::mutex writeTurn;        // held through a Write and its waits
     std::mutex readTurn;         // held through a Read and its waits
@@ -92,6 +109,7 @@ private:
     COMMTIMEOUTS timeouts;
     int raisedLines; // TIOCM_ bits
     CReceivedBytes received;
+    const std::unique_ptr<adapter::CSentenceAdapter> adapter; // owned; null unless asked for
 };
 
 } // namespace platform

@@ -4,13 +4,13 @@
 #include <cwchar>
 #include <memory>
 #include <new>
-#include <string>
 #include <utility>
 
 #include <sys/ioctl.h>
 
 #include "layers/platform/CSerialHandles.h"
 #include "layers/platform/CSerialLine.h"
+#include "layers/platform/PortAssignment.h"
 #include "layers/platform/PortMap.h"
 
 using platform::CSerialHandles;
@@ -55,8 +55,8 @@ HANDLE CreateFileW(LPCWSTR name, DWORD, DWORD share, LPSECURITY_ATTRIBUTES, DWOR
                                      // overlapped
     }
     try {
-        auto line = std::make_unique<CSerialLine>();
-        if (!line->Open(platform::PortPath(PortNumber(name)))) {
+        auto line = std::make_unique<CSerialLine>(platform::AssignmentOf(PortNumber(name)));
+        if (!line->Open()) {
             return INVALID_HANDLE_VALUE;
         }
         return Handles().Add(std::move(line));
@@ -170,4 +170,10 @@ BOOL WriteFile(HANDLE port, LPCVOID buffer, DWORD length, LPDWORD count, LPOVERL
 BOOL CloseHandle(HANDLE port)
 {
     return Handles().Close(port);
+}
+
+bool platform::PortCounts(std::uint32_t portNumber, adapter::AdapterCounts& counts) noexcept
+{
+    const PortUse use(Handles().HandleOf(portNumber));
+    return use && use->GetCounts(counts);
 }

@@ -8,9 +8,20 @@ namespace
 
 using live::Epoch;
 
-class LivePathHeap : public live::LiveReceiver
+/// The port as it is by itself, and with what can be asked of it.
+class LivePathHeap : public live::LiveReceiver, public testing::WithParamInterface<bool>
 {
 protected:
+    LivePathHeap()
+    {
+        if (GetParam()) {
+            platform::PortOptions options;
+            options.adapt = true;
+            options.prompt = true;
+            platform::AssignPort(PORT, line.Path(), options);
+        }
+    }
+
     void Send(unsigned first, unsigned last)
     {
         for (unsigned k = first; k <= last; ++k) {
@@ -25,7 +36,12 @@ protected:
     _GPS_Data fix;
 };
 
-TEST_F(LivePathHeap, EpochsTakeNothingAfterTheFirst)
+INSTANTIATE_TEST_SUITE_P(Options, LivePathHeap, testing::Bool(),
+                         [](const testing::TestParamInfo<bool>& options) {
+                             return options.param ? "On" : "Off";
+                         });
+
+TEST_P(LivePathHeap, EpochsTakeNothingAfterTheFirst)
 {
     ASSERT_TRUE(device.OpenGPS());
     Send(1, 1);
@@ -38,7 +54,7 @@ TEST_F(LivePathHeap, EpochsTakeNothingAfterTheFirst)
     EXPECT_EQ(heap::Allocations(), before);
 }
 
-TEST_F(LivePathHeap, OpeningAndClosingGivesEverythingBack)
+TEST_P(LivePathHeap, OpeningAndClosingGivesEverythingBack)
 {
     ASSERT_TRUE(device.OpenGPS());
     device.CloseGPS(); // what is made once and kept is there from now on
@@ -53,7 +69,7 @@ TEST_F(LivePathHeap, OpeningAndClosingGivesEverythingBack)
     EXPECT_LE(heap::Living(), before) << "the first reader's thread may have been on its way out before";
 }
 
-TEST_F(LivePathHeap, OpeningOutlivesEachFailingAllocation)
+TEST_P(LivePathHeap, OpeningOutlivesEachFailingAllocation)
 {
     std::uint64_t n = 1;
     bool opened = false;
@@ -67,7 +83,7 @@ TEST_F(LivePathHeap, OpeningOutlivesEachFailingAllocation)
     EXPECT_GT(n, 6U) << "port, its platform part, listener, its parser, reader, its lock";
 }
 
-TEST_F(LivePathHeap, LogOutlivesEachFailingAllocation)
+TEST_P(LivePathHeap, LogOutlivesEachFailingAllocation)
 {
     const support::TemporaryFolder folder;
     std::string path = folder.Path("log");

@@ -35,6 +35,32 @@ TEST_F(LiveRoad, EpochsArriveAsRecordsInsideTheirEventAndOutliveTheClose)
     EXPECT_EQ(inside.date.day, 22);
 }
 
+/// The sentence from a receiver that names all systems together.
+std::string Combined(const std::string& sentence)
+{
+    return support::Sentence("GN" + sentence.substr(3, sentence.find('*') - 3));
+}
+
+TEST_F(LiveRoad, FixesOfAReceiverOfTodayArriveWithTheAdapter)
+{
+    platform::PortOptions options;
+    options.adapt = true;
+    options.prompt = true;
+    platform::AssignPort(PORT, line.Path(), options);
+    ASSERT_TRUE(device.OpenGPS());
+    for (unsigned k = 1; k <= 5; ++k) {
+        const std::string epoch = Epoch(k);
+        const std::size_t rmc = epoch.find('\n') + 1;
+        line.Write(Combined(epoch.substr(0, rmc)) + support::Sentence("GLGSV,1,1,01,70,10,100,30") +
+                   Combined(epoch.substr(rmc)));
+        ASSERT_TRUE(AwaitEpochs(k));
+        _GPS_Data fix;
+        ASSERT_TRUE(device.GetGPSData(fix));
+        EXPECT_TRUE(IsWhole(fix));
+        EXPECT_EQ(fix.date.day, 22) << "the sentence of another system wiped it";
+    }
+}
+
 struct Garbage {
     const char* rule;
     std::string bytes;

@@ -4,9 +4,11 @@
 #include <future>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
+#include "GpsLib/contracts/KestThread.h"
 #include "GpsLib/contracts/WinSerial.h"
 #include "layers/platform/PortMap.h"
 #include "tests/support/PseudoTerminal.h"
@@ -27,6 +29,12 @@ protected:
     ~SerialLayer() override { platform::AssignPort(7, ""); }
 
     support::PseudoTerminal device;
+};
+
+struct Exchange {
+    const char* sent;
+    DWORD asked;
+    const char* read;
 };
 
 /// The port is open. What a transfer gives is none when it fails.
@@ -57,6 +65,32 @@ protected:
         DWORD count = 0;
         const BOOL done = WriteFile(port, bytes.data(), static_cast<DWORD>(bytes.size()), &count, nullptr);
         return done ? std::optional(count) : std::nullopt;
+    }
+
+    DWORD Waiting()
+    {
+        COMSTAT state{};
+        DWORD errors = 1;
+        EXPECT_TRUE(ClearCommError(port, &errors, &state));
+        return state.cbInQue;
+    }
+
+    // The kernel hands bytes over in its own time.
+    void SendAndAwait(const std::string& bytes)
+    {
+        const std::size_t all = Waiting() + bytes.size();
+        device.Write(bytes);
+        while (Waiting() < all) {
+            KestThread::Thread::sleep(1);
+        }
+    }
+
+    void ExpectExchanges(const std::vector<Exchange>& exchanges)
+    {
+        for (const Exchange& exchange : exchanges) {
+            SendAndAwait(exchange.sent);
+            EXPECT_EQ(Read(exchange.asked), exchange.read);
+        }
     }
 
     HANDLE port;

@@ -26,36 +26,12 @@ const std::string MUCH(1 << 20, 'x'); // more than the line holds
 
 class SerialLayerTransfer : public live::SerialTransfer
 {
-protected:
-    DWORD Waiting()
-    {
-        COMSTAT state{};
-        DWORD errors = 1;
-        EXPECT_TRUE(ClearCommError(port, &errors, &state));
-        return state.cbInQue;
-    }
-
-    // The kernel hands bytes over in its own time.
-    void SendAndAwait(const std::string& bytes)
-    {
-        const std::size_t all = Waiting() + bytes.size();
-        device.Write(bytes);
-        while (Waiting() < all) {
-            Thread::sleep(1);
-        }
-    }
-};
-
-struct Exchange {
-    const char* sent;
-    DWORD asked;
-    const char* read;
 };
 
 struct ReadCase {
     const char* rule;
     COMMTIMEOUTS limits;
-    std::vector<Exchange> exchanges;
+    std::vector<live::Exchange> exchanges;
 };
 
 const ReadCase READS[] = {
@@ -84,10 +60,7 @@ INSTANTIATE_TEST_SUITE_P(Rules, SerialLayerRead, testing::ValuesIn(READS), suppo
 TEST_P(SerialLayerRead, Brings)
 {
     Limit(GetParam().limits);
-    for (const Exchange& exchange : GetParam().exchanges) {
-        SendAndAwait(exchange.sent);
-        EXPECT_EQ(Read(exchange.asked), exchange.read);
-    }
+    ExpectExchanges(GetParam().exchanges);
 }
 
 TEST_F(SerialLayerTransfer, NoReadCutsALineThatKeepsComing)
