@@ -26,14 +26,14 @@ std::string Angle(const char* degrees, int tenThousandths)
     return degrees + Digits(tenThousandths / 10000, 2) + "." + Digits(tenThousandths % 10000, 4);
 }
 
+} // namespace
+
 std::string Sentence(const std::string& body)
 {
     char digits[2] = {};
     GPS::CNMEAParser().ComputeChecksum(body.c_str(), digits);
     return "$" + body + "*" + digits[0] + digits[1] + "\r\n";
 }
-
-} // namespace
 
 std::vector<std::string> Epoch(int second)
 {

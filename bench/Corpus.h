@@ -7,6 +7,9 @@
 /// The sentences of an epoch, in order.
 enum SENTENCE { GGA, GLL, GSA, GSV_1, GSV_2, GSV_3, RMC, VTG, ZDA, SENTENCES_A_EPOCH };
 
+/// body: what stands between "$" and "*". Result: the whole sentence with its line end.
+std::string Sentence(const std::string& body);
+
 /// One epoch, line ends included. second: [s] since the drive began; times, positions and motion change with
 /// it.
 std::vector<std::string> Epoch(int second);
