@@ -1,7 +1,6 @@
 // What the live road takes from the heap.
 #include "tests/alloc/CountedHeap.h"
 #include "tests/live/LiveReceiver.h"
-#include "tests/support/TemporaryFolder.h"
 
 namespace
 {
@@ -81,24 +80,6 @@ TEST_P(LivePathHeap, OpeningOutlivesEachFailingAllocation)
     }
     EXPECT_TRUE(opened);
     EXPECT_GT(n, 6U) << "port, its platform part, listener, its parser, reader, its lock";
-}
-
-TEST_P(LivePathHeap, LogOutlivesEachFailingAllocation)
-{
-    const support::TemporaryFolder folder;
-    std::string path = folder.Path("log");
-    ASSERT_TRUE(device.OpenGPS());
-    std::uint64_t n = 1;
-    bool started = false;
-    for (; heap::Failing(n, [&] { started = device.StartWriteLog(path.data(), LOGTYPE_NMEA); }); ++n) {
-        EXPECT_TRUE(started) << "by the other way of opening";
-        EXPECT_TRUE(device.StopWriteLog());
-    }
-    EXPECT_TRUE(started);
-    line.Write(drive[1]);
-    ASSERT_TRUE(AwaitEpochs(1));
-    EXPECT_TRUE(device.StopWriteLog());
-    EXPECT_EQ(folder.Content("log"), drive[1]);
 }
 
 } // namespace

@@ -82,6 +82,10 @@ class File:
     def text_of(self, cursor):
         return self.text[cursor.extent.start.offset : cursor.extent.end.offset]
 
+    def before(self, cursor):
+        """The character before a cursor and the white space there."""
+        return self.text[: cursor.extent.start.offset].rstrip()[-1:]
+
     def add(self, cursor, changed):
         start, end = cursor.extent.start.offset, cursor.extent.end.offset
         place = cursor.extent.start
@@ -94,6 +98,8 @@ class File:
         children = list(cursor.get_children())
         if cursor.kind == Kind.CASE_STMT:
             children = children[1:]  # the label is a constant
+        if cursor.kind in (Kind.VAR_DECL, Kind.FIELD_DECL):
+            children = [child for child in children if self.before(child) not in "[<,"]  # sizes, templates' arguments
         if cursor.kind in (Kind.BINARY_OPERATOR, Kind.COMPOUND_ASSIGNMENT_OPERATOR) and len(children) == 2:
             self.mutate_binary(cursor, *children)
         elif cursor.kind == Kind.CALL_EXPR:
@@ -164,11 +170,8 @@ class File:
 
     def mutate_constant(self, cursor, parent):
         text = self.text_of(cursor)
-        before = self.text[: cursor.extent.start.offset].rstrip()[-1:]
-        if parent.kind in (Kind.MEMBER_REF_EXPR, Kind.DECL_REF_EXPR) or (
-            parent.kind in (Kind.VAR_DECL, Kind.FIELD_DECL) and before in "[<,"
-        ):
-            return  # a template's argument, or an array's size
+        if parent.kind in (Kind.MEMBER_REF_EXPR, Kind.DECL_REF_EXPR):
+            return  # a template's argument
         if cursor.kind in LITERALS and not re.match(r"[\d.']|true|false", text):
             return  # inside a macro
         if cursor.kind == Kind.CXX_BOOL_LITERAL_EXPR:

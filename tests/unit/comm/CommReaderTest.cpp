@@ -73,13 +73,6 @@ TEST_F(ReaderLoop, ListenerThatThrowsLosesThatChunkAlone)
 
 using StopHandshake = ReaderLoop;
 
-TEST_F(StopHandshake, PortThatNeverOpenedStopsAtOnce)
-{
-    Fake::failing = {"CreateFileW"};
-    EXPECT_FALSE(reader.OpenPort(1, 4800, 0, 8, 0));
-    EXPECT_TRUE(reader.Stop());
-}
-
 TEST_F(StopHandshake, EndsAReadThatWaitsAndAThreadThatHasNotYetRun)
 {
     for (const bool hasRun : {true, false}) {
@@ -105,35 +98,6 @@ TEST_F(StopHandshake, SignalIsNotLostWhenTheLoopEndsBeforeTheWait)
         FakeThread::Run(); // the loop sees the closed port, and Stop is still in Close
         return closed;
     };
-    EXPECT_TRUE(Ends());
-}
-
-TEST_F(StopHandshake, RefusedCloseLeavesTheThreadGoing)
-{
-    Start();
-    port.close = [] { return false; };
-    EXPECT_FALSE(reader.Stop());
-    Fake::Play("a");
-    FakeThread::Run();
-    EXPECT_EQ(keeper.chunks, Chunks{"a"});
-    port.close = [this] { return port.CommPort::Close(); };
-    EXPECT_TRUE(Ends());
-}
-
-TEST_F(StopHandshake, OnTheReaderThreadItChangesNothing)
-{
-    CommPort closed;
-    CommReader other(&closed);
-    Start();
-    keeper.inside = [this, &other] {
-        EXPECT_FALSE(reader.Stop());
-        EXPECT_TRUE(other.Stop()) << "another reader's";
-    };
-    Fake::Play("a");
-    Fake::Play("b");
-    FakeThread::Run();
-    EXPECT_EQ(keeper.chunks, (Chunks{"a", "b"}));
-    EXPECT_TRUE(Fake::open);
     EXPECT_TRUE(Ends());
 }
 

@@ -76,19 +76,6 @@ TEST_F(SerialPort, OpensAndClosesInOrderWhateverFails)
     }
 }
 
-TEST_F(SerialPort, RefusalClosesThroughTheVirtualSlot)
-{
-    class CountsCloses final : public SerialCommPort
-    {
-    public:
-        bool Close() override { return ++closes > 0; }
-        int closes = 0;
-    } counting;
-    Fake::failing = {"SetCommState"};
-    EXPECT_FALSE(counting.Open(3, 4800, 2, 7, 1));
-    EXPECT_EQ(counting.closes, 1);
-}
-
 TEST_F(SerialPort, NumberThatHasNoRoomInTheNameOpensNothing)
 {
     for (const std::uint32_t number : {10U, 99U, 0x7FFFFFFFU, 0xFFFFFFFFU}) {
@@ -182,15 +169,6 @@ TEST_F(PortGuard, OpenPortKeepsItsSettingsAndAClosedOneIsLeftAlone)
     const Calls made = Made();
     EXPECT_EQ(made.at(1), "ReadFile 0x8 zeroed on no port");
     EXPECT_EQ(made.at(4), "WriteFile 0x1 on no port");
-}
-
-TEST_F(PortGuard, DeletingAnOpenPortLeavesItOpen)
-{
-    {
-        CommPort port;
-        ASSERT_TRUE(port.Open(3, 4800, 2, 7, 1));
-    }
-    EXPECT_EQ(Made(), OPEN);
 }
 
 } // namespace

@@ -59,14 +59,6 @@ TEST_F(FixIntake, MoveIsMoreThanTheLimit)
     }
 }
 
-TEST_F(FixIntake, EpochWithoutAPositionStandsAtZero)
-{
-    EXPECT_EQ(Take(FixAt(LIMIT, LIMIT)), Ids{}) << "as does the one before the first";
-    Take(FixAt(121.0, 31.0));
-    EXPECT_EQ(Take(NoFix()), Ids{});
-    EXPECT_EQ(Take(FixAt(121.0, 31.0)), Ids{1002});
-}
-
 TEST_F(FixIntake, LossLastsMoreThanSixtyWholeSeconds)
 {
     const struct {
@@ -98,24 +90,6 @@ TEST_F(FixIntake, LossIsToldAtEveryEpochAndCountsAnewAfterAFix)
     EXPECT_EQ(TakeNoneAt(65000), Ids{});
     EXPECT_EQ(TakeNoneAt(124000), Ids{});
     EXPECT_EQ(TakeNoneAt(125000), Ids{1003});
-}
-
-TEST_F(FixIntake, SmoothingRewritesTheCallersRecordAndWhatIsPublished)
-{
-    device.OpenFilter();
-    Take(FixAt(121.0, 31.0)); // seeds
-    _GPS_Data fix = FixAt(121.001, 31.001);
-    device.TakeFix(fix);
-    EXPECT_NE(fix.lonLat.lon, 121.001);
-    EXPECT_EQ(FakeMath::askedFor.lon, 121.001) << "units count where the fix was parsed";
-    _GPS_Data last;
-    _GPS_Data lastValid;
-    ASSERT_TRUE(device.GetGPSData(last));
-    ASSERT_TRUE(device.GetLastValidData(lastValid));
-    EXPECT_EQ(last.lonLat.lon, fix.lonLat.lon);
-    EXPECT_EQ(lastValid.lonLat.lon, fix.lonLat.lon);
-    Take(NoFix()); // goes through too, and breaks the run
-    EXPECT_EQ(FakeMath::askedFor.lon, 0.0);
 }
 
 /// The events of a feed, each with the longitude of the device's epoch at that moment, 0 for no fix.

@@ -55,27 +55,14 @@ protected:
     std::unique_ptr<GPS::CGPSCOMDevice> device = std::make_unique<GPS::CGPSCOMDevice>();
 };
 
-TEST_F(Receiver, OpensThePortWithTheSettingsInTheirPlaces)
-{
-    EXPECT_TRUE(device->OpenGPS());
-    EXPECT_EQ(Fake::journal.front(), "CreateFileW COM3: 0xc0000000 0 0x3 0");
-    EXPECT_EQ(Fake::settings.BaudRate, 4800U);
-    EXPECT_EQ(Fake::settings.Parity, 2);
-    EXPECT_EQ(Fake::settings.ByteSize, 7);
-    EXPECT_EQ(Fake::settings.StopBits, 1);
-    device->CloseGPS();
-    Fake::journal.clear();
-    GPS::CGPSCOMDevice unset;
-    EXPECT_TRUE(unset.OpenGPS());
-    EXPECT_EQ(Fake::journal.front(), "CreateFileW COM1: 0xc0000000 0 0x3 0");
-    unset.CloseGPS();
-}
-
 TEST_F(Receiver, OpenAndClosedDevicesStayAsTheyAre)
 {
     device->CloseGPS();
     EXPECT_TRUE(Fake::journal.empty());
     ASSERT_TRUE(OpensAndWorks());
+    EXPECT_EQ(Fake::settings.Parity, 2);
+    EXPECT_EQ(Fake::settings.ByteSize, 7);
+    EXPECT_EQ(Fake::settings.StopBits, 1);
     Fake::journal.clear();
     device->SetGPSCOMParam(4, 9600, 0, 8, 0);
     EXPECT_TRUE(device->OpenGPS());
@@ -92,6 +79,11 @@ TEST_F(Receiver, OpenAndClosedDevicesStayAsTheyAre)
     FakeEventHouse::ids.clear();
     Feed(Gga(121, 31));
     EXPECT_EQ(FakeEventHouse::ids, Ids{1001}) << "no move against those before the close";
+    device->CloseGPS();
+    Fake::journal.clear();
+    device = std::make_unique<GPS::CGPSCOMDevice>();
+    EXPECT_TRUE(device->OpenGPS()) << "without settings";
+    EXPECT_EQ(Fake::journal.front(), "CreateFileW COM1: 0xc0000000 0 0x3 0");
 }
 
 TEST_F(Receiver, OpeningThatFailsLeavesItClosedForAnotherTry)
@@ -109,53 +101,6 @@ TEST_F(Receiver, OpeningThatFailsLeavesItClosedForAnotherTry)
     Fake::failing.clear();
     FakeThread::refuses = false;
     EXPECT_TRUE(OpensAndWorks());
-}
-
-TEST_F(Receiver, CallsThatOnlyPrepareMayFail)
-{
-    for (const std::string call : {"SetCommMask", "SetupComm", "GetCommState", "GetCommTimeouts",
-                                   "EscapeCommFunction", "PurgeComm", "ClearCommError", "WriteFile"}) {
-        Fake::failing = {call};
-        EXPECT_TRUE(OpensAndWorks()) << call;
-        Feed(Gga(0, 31)); // so that the next row's fix is seen to come
-        device->CloseGPS();
-        EXPECT_FALSE(Fake::open);
-    }
-}
-
-TEST_F(Receiver, FailedReadsCostNothing)
-{
-    ASSERT_TRUE(device->OpenGPS());
-    const std::string epoch = support::Vtg("50.0") + Gga(121, 31);
-    Fake::Play(epoch.substr(0, 5));
-    Fake::PlayFailure();
-    Fake::PlayTimeOut(); // readable, but nothing is there
-    Fake::PlayFailure();
-    Feed(epoch.substr(5));
-    EXPECT_EQ(Current().lonLat.lon, 121.0);
-    EXPECT_EQ(Current().speed, 50.0);
-}
-
-TEST_F(Receiver, AnHourOfSilenceIsNoLossOfFix)
-{
-    constexpr std::uint32_t HOUR = 3600000;                               // [ms]
-    for (const std::uint32_t start : {100000U, 0xFFFFFFFFU - HOUR / 2}) { // the count may wrap meanwhile
-        FakeTickCount::Set(start);
-        ASSERT_TRUE(OpensAndWorks());
-        FakeEventHouse::ids.clear();
-        for (std::uint32_t minute = 0; minute < 60; ++minute) {
-            FakeTickCount::Set(start + minute * 60000);
-            Fake::PlayTimeOut();
-            FakeThread::Run();
-        }
-        EXPECT_EQ(FakeEventHouse::ids, Ids{}) << "no epoch, no event";
-        EXPECT_EQ(Current().lonLat.lon, 121.0) << "the last fix stands";
-        FakeTickCount::Set(start + HOUR);
-        Feed(Gga(121, 31, 0) + Gga(121, 31, 0) + Gga(121, 31));
-        EXPECT_EQ(FakeEventHouse::ids, (Ids{1004, 1001, 1004, 1001, 1001}))
-            << "it counts from its first epoch";
-        device->CloseGPS();
-    }
 }
 
 TEST_F(Receiver, LossAndSmoothingGoOnOverAClose)
@@ -177,6 +122,9 @@ TEST_F(Receiver, LossAndSmoothingGoOnOverAClose)
     ASSERT_TRUE(device->OpenGPS());
     Feed(Gga(123, 31));
     EXPECT_NE(Current().lonLat.lon, 123.0) << "smoothed with the one before";
+    device->CloseFilter();
+    Feed(Gga(124, 31));
+    EXPECT_EQ(Current().lonLat.lon, 124.0) << "from the next epoch on";
 }
 
 TEST_F(Receiver, LogStaysOpenUntilItIsStoppedAndItsTypeIsTheLatest)
@@ -209,18 +157,6 @@ TEST_F(Receiver, LogStaysOpenUntilItIsStoppedAndItsTypeIsTheLatest)
     EXPECT_EQ(folder.Content("one"), Gga(121, 31) + Gga(123, 31) + Gga(126, 31) + Gga(127, 31));
     EXPECT_FALSE(device->StopWriteLog());
     EXPECT_FALSE(std::filesystem::exists(two));
-}
-
-TEST_F(Receiver, CloseThatFailsLeavesTheDeviceClosed)
-{
-    ASSERT_TRUE(device->OpenGPS());
-    Fake::failing = {"CloseHandle"};
-    device->CloseGPS();
-    EXPECT_EQ(FakeThread::Running(), 0U);
-    EXPECT_FALSE(device->OpenGPS()) << "the platform still has it open";
-    Fake::failing.clear();
-    Fake::open = false;
-    EXPECT_TRUE(OpensAndWorks());
 }
 
 TEST_F(Receiver, EachOpeningBeginsWithAnEmptySentenceAndEpoch)
@@ -312,17 +248,6 @@ TEST_F(Receiver, VelocityModelBeginsAnewWithEachOpening)
         EXPECT_EQ(Current().speed, 36.0);
         device->CloseGPS();
     }
-}
-
-TEST_F(Receiver, FilterIsSwitchedFromTheNextEpochOn)
-{
-    ASSERT_TRUE(device->OpenGPS());
-    device->OpenFilter();
-    Feed(Gga(122, 31) + Gga(123, 31)); // seeds, then smooths
-    EXPECT_NE(Current().lonLat.lon, 123.0);
-    device->CloseFilter();
-    Feed(Gga(124, 31));
-    EXPECT_EQ(Current().lonLat.lon, 124.0);
 }
 
 } // namespace

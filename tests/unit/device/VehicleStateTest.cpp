@@ -83,15 +83,6 @@ TEST_F(VehicleState, TurnsAsTheHeadingsSay)
     }
 }
 
-TEST_F(VehicleState, NewestEpochAloneIsAskedForAFix)
-{
-    ExpectBothKnown(false);
-    TakeThree([](int epoch, _GPS_Data& record) { record.valid = epoch == 0 ? 1 : 0; });
-    ExpectBothKnown(true);
-    TakeThree([](int epoch, _GPS_Data& record) { record.valid = epoch == 0 ? 0 : 1; });
-    ExpectBothKnown(false);
-}
-
 TEST_F(VehicleState, PositionOnTheEdgeInAnyEpochIsUnknown)
 {
     const double lon = std::nextafter(180.0, 0.0);

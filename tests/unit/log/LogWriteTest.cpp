@@ -48,17 +48,6 @@ TEST_F(LogWriter, LinesAreWrittenWhole)
     }
 }
 
-TEST_F(LogWriter, OpenLogIgnoresAnotherPath)
-{
-    ASSERT_TRUE(Open("one"));
-    EXPECT_TRUE(Open("two"));
-    EXPECT_TRUE(log.OpenLogFileForWrite(nullptr)) << "the open log goes on, whatever the path";
-    log.WriteLog("text");
-    log.CloseLogFile();
-    EXPECT_EQ(folder.Content("one"), "text\r\n");
-    EXPECT_FALSE(std::filesystem::exists(folder.Path("two")));
-}
-
 TEST_F(LogWriter, WithoutAFileNothingIsTaken)
 {
     EXPECT_FALSE(log.WriteLog("text"));
@@ -80,26 +69,6 @@ TEST_F(LogWriter, OtherLogTypesWriteNothing)
     EXPECT_FALSE(log.WriteLog(nullptr));
     log.CloseLogFile();
     EXPECT_EQ(folder.Content("log"), "seen\r\n");
-}
-
-TEST_F(LogWriter, ClosesOnceAndAppendsWhenOpenedAgain)
-{
-    for (const char* const text : {"one", "two"}) {
-        ASSERT_TRUE(Open("log"));
-        log.WriteLog(text);
-        EXPECT_TRUE(log.CloseLogFile());
-        EXPECT_FALSE(log.CloseLogFile());
-    }
-    EXPECT_EQ(folder.Content("log"), "one\r\ntwo\r\n");
-}
-
-TEST_F(LogWriter, FullDiskGoesUnnoticed)
-{
-    ASSERT_TRUE(log.OpenLogFileForWrite("/dev/full"));
-    for (int i = 0; i < 2000; ++i) { // far more than the stream holds
-        ASSERT_TRUE(log.WriteLog("$GPGGA,101500,3114.250,N,12129.500,E,1,08,0.9,12.5,M,,M,,*5A"));
-    }
-    EXPECT_TRUE(log.CloseLogFile());
 }
 
 TEST(LogCopies, LastOneClosesTheFile)

@@ -1,11 +1,9 @@
 // What a log becomes again.
 #include <cmath>
 #include <string>
-#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include "GpsLib/log/CGPSLogDevice.h"
 #include "GpsLib/log/CGPSLogDeviceImpl.h"
@@ -128,14 +126,6 @@ TEST_F(Replay, LastRecordAnswersWithoutReading)
     EXPECT_EQ(narrow.altitude, 13.5);
 }
 
-TEST_F(Replay, WithoutALogTheRecordIsUntouched)
-{
-    fix.altitude = 77.0;
-    EXPECT_FALSE(Next());
-    EXPECT_FALSE(device.OpenLogFileForRead(nullptr));
-    EXPECT_EQ(fix.altitude, 77.0);
-}
-
 TEST_F(Replay, OpeningAgainStartsAnewAndAFailureEndsTheOldLog)
 {
     ASSERT_TRUE(Open(GGA));
@@ -187,36 +177,6 @@ TEST_F(Replay, SmoothsByTheModelThatIsChosen)
         EXPECT_GT(std::fabs(fix.lonLat.lon - 121.0 - 29.502 / 60.0), 1e-8);
         EXPECT_EQ(fix.speed, 10.0 * 1.852);
     }
-}
-
-TEST_F(Replay, HostileFilesEndInFalse)
-{
-    std::string random;
-    for (std::uint32_t state = 1; random.size() < 1000000;) {
-        state = state * 1664525U + 1013904223U;
-        random += static_cast<char>(state >> 24U);
-    }
-    const std::string files[] = {std::string(100000, '\0'), std::string(8000000, 'x'),
-                                 std::string(100000, '\r'), std::string(100000, '$'),
-                                 std::string(100000, '\n'), random};
-    for (const std::string& bytes : files) {
-        ASSERT_TRUE(Open(bytes));
-        int records = 0;
-        for (int calls = 0; calls < 20000; ++calls) { // a line that begins with NUL ends one call alone
-            records += Next() ? 1 : 0;
-        }
-        EXPECT_EQ(records, 0);
-    }
-}
-
-TEST_F(Replay, PipeClosedEarlyEndsInFalse)
-{
-    const std::string path = folder.Path("pipe");
-    ASSERT_EQ(mkfifo(path.c_str(), S_IRUSR | S_IWUSR), 0);
-    std::thread speaker([&path] { std::ofstream(path) << GSA << RMC.substr(0, 40); });
-    EXPECT_TRUE(OpenPath(path));
-    EXPECT_FALSE(Next());
-    speaker.join();
 }
 
 TEST_F(Replay, SatelliteGroupIsItsOwn)

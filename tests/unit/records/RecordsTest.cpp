@@ -1,6 +1,5 @@
-// The two ways of emptying a record, the narrowing copy, and what counts as a place on the Earth.
+// What a record begins with, and the narrowing copy.
 #include <array>
-#include <cmath>
 #include <cstring>
 #include <new>
 
@@ -27,14 +26,6 @@ TEST(Records, DefaultIsZeroButForEmptySlotsAndNoPosition)
     EXPECT_EQ(BytesOf(*record), expected);
 }
 
-TEST(Records, ClearedIsZeroThroughout)
-{
-    _GPS_Data record;
-    std::memset(static_cast<void*>(&record), 0xA5, sizeof record);
-    ClearRecord(record);
-    EXPECT_EQ(BytesOf(record), Bytes{});
-}
-
 TEST(Records, NarrowCopyHasEveryFieldButTheSatellites)
 {
     Bytes source;
@@ -51,24 +42,6 @@ TEST(Records, NarrowCopyHasEveryFieldButTheSatellites)
     EXPECT_EQ(std::memcmp(narrow.data(), source.data(), 14), 0);
     EXPECT_EQ(std::memcmp(&narrow[16], &source[16], 4), 0);
     EXPECT_EQ(std::memcmp(&narrow[24], &source[408], 67), 0);
-}
-
-TEST(Records, OnEarthIsStrictlyInsideTheRanges)
-{
-    const double lon = std::nextafter(180.0, 0.0);
-    const double lat = std::nextafter(90.0, 0.0);
-    for (const tagLonLat inside : {tagLonLat{0.0, 0.0}, {lon, lat}, {-lon, -lat}}) {
-        EXPECT_TRUE(IsOnEarth(inside)) << inside.lon << ' ' << inside.lat;
-    }
-    for (const tagLonLat outside : {tagLonLat{180.0, 0.0},
-                                    {-180.0, 0.0},
-                                    {0.0, 90.0},
-                                    {0.0, -90.0},
-                                    {std::nan(""), 0.0},
-                                    {0.0, std::nan("")},
-                                    {HUGE_VAL, 0.0}}) {
-        EXPECT_FALSE(IsOnEarth(outside)) << outside.lon << ' ' << outside.lat;
-    }
 }
 
 } // namespace
