@@ -4,6 +4,8 @@
 #include <array>
 #include <cstddef>
 
+#include "GpsLib/nmea/FieldConversions.h"
+
 /// A field starts behind a comma and ends at the next one; the search for the next comma goes on to the
 /// sentence's terminator, past the asterisk. The field is empty when its first character is a comma; any
 /// other field is present, also the last one of a sentence, which then begins with the asterisk. Fields are
@@ -45,6 +47,10 @@ public:
         }
         return lead;
     }
+
+    /// Reads a number, in which no comma stands; the search for the next comma resumes behind it.
+    double TakeDouble() noexcept { return ::TakeDouble(at); }
+    int TakeInt() noexcept { return ::TakeInt(at); }
 
     /// Moves on within the sentence; the search for the next comma resumes there. Stops at the terminator.
     void Skip(std::size_t count) noexcept

@@ -9,7 +9,7 @@ constexpr std::size_t TYPE_AT = 3; // behind the dollar sign and the talker
 
 constexpr char HexDigit(unsigned value) noexcept
 {
-    return static_cast<char>(value < 10 ? value + 0x30 : value + 0x37); // 0x37 leads to "A" from 10 on
+    return "0123456789ABCDEF"[value];
 }
 
 /// XOR of a text, eight bytes at a time: the sum is the same whichever of them stands where.
@@ -63,7 +63,7 @@ bool CNMEAParser::Accept(const char* sentence, std::int32_t length, _GPS_Data& r
 bool CNMEAParser::Dispatch(const char* sentence, _GPS_Data& record,
                            _GPS_Satellite& accumulator) const noexcept
 {
-    if (sentence == nullptr || std::strlen(sentence) < TYPE_AT) {
+    if (!IsGPSentence(sentence)) {
         return false;
     }
     const char* const type = sentence + TYPE_AT;

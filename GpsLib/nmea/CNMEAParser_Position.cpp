@@ -42,7 +42,7 @@ void TakeLatitude(CFieldCursor& field, PositionFields& fix) noexcept
     const auto lead = field.Lead<2>();
     const double degrees = DigitValue(lead[0]) * 10.0 + lead[1] - 48.0;
     field.Skip(2);
-    fix.lonLat.lat = ToDouble(field.Text()) * MINUTES_TO_DEGREES + degrees;
+    fix.lonLat.lat = field.TakeDouble() * MINUTES_TO_DEGREES + degrees;
     ++fix.positionParts;
 }
 
@@ -52,7 +52,7 @@ void TakeLongitude(CFieldCursor& field, PositionFields& fix) noexcept
     const auto lead = field.Lead<3>();
     const double degrees = (DigitValue(lead[0]) * 10.0 + lead[1] - 48.0) * 10.0 + lead[2] - 48.0;
     field.Skip(3);
-    fix.lonLat.lon = ToDouble(field.Text()) * MINUTES_TO_DEGREES + degrees;
+    fix.lonLat.lon = field.TakeDouble() * MINUTES_TO_DEGREES + degrees;
     ++fix.positionParts;
 }
 
@@ -103,25 +103,25 @@ void TakeStatus(CFieldCursor& field, PositionFields& fix) noexcept
 
 void TakeSatUsed(CFieldCursor& field, PositionFields& fix) noexcept
 {
-    fix.satUsed = ToInt(field.Text());
+    fix.satUsed = field.TakeInt();
     fix.mask |= GPS_MASK_SATUSED;
 }
 
 void TakeAltitude(CFieldCursor& field, PositionFields& fix) noexcept
 {
-    fix.altitude = ToDouble(field.Text());
+    fix.altitude = field.TakeDouble();
     fix.mask |= GPS_MASK_ALTITUDE;
 }
 
 void TakeSpeedKnots(CFieldCursor& field, PositionFields& fix) noexcept
 {
-    fix.speed = ToDouble(field.Text()) * KNOTS_TO_KMH;
+    fix.speed = field.TakeDouble() * KNOTS_TO_KMH;
     fix.mask |= GPS_MASK_SPEED;
 }
 
 void TakeCourse(CFieldCursor& field, PositionFields& fix) noexcept
 {
-    fix.heading = ToDouble(field.Text());
+    fix.heading = field.TakeDouble();
     fix.mask |= GPS_MASK_HEADING;
 }
 

@@ -60,7 +60,7 @@ void TakeUsed(CFieldCursor field, const char* end, _GPS_Satellite& satellite) no
 {
     while (field.Next() &&
            field.Text() <= end) { // the text behind a comma before `end` starts at `end` at the latest
-        const int number = ToInt(field.Text());
+        const int number = field.TakeInt();
         if (IsSatelliteNumber(number)) {
             satellite.used[number - 1] = 1;
         }
@@ -68,6 +68,9 @@ void TakeUsed(CFieldCursor field, const char* end, _GPS_Satellite& satellite) no
 }
 
 // ---- GSV
+
+constexpr std::size_t FIRST_ENTRY_FIELD = 4;
+constexpr std::size_t LAST_ENTRY_FIELD = 19;
 
 /// Reads one message of a group into the accumulator.
 class GroupMessage
@@ -77,19 +80,21 @@ public:
 
     /// Result: false for a message that can't be; the accumulator is then cleared, but for a bad message
     /// number.
-    bool Take(const CFieldCursor& field) noexcept
+    bool Take(CFieldCursor& field) noexcept
     {
-        const int value = ToInt(field.Text());
-        switch (field.Number()) {
+        const int value = field.TakeInt();
+        const std::size_t fieldNumber = field.Number();
+        if (fieldNumber >= FIRST_ENTRY_FIELD) {
+            return TakeEntry(fieldNumber, value);
+        }
+        switch (fieldNumber) {
         case 1:
             total = value;
             return true;
         case 2:
             return TakeNumber(value);
-        case 3:
-            return TakeViewCount(value);
         default:
-            return TakeEntry(field.Number(), value);
+            return TakeViewCount(value);
         }
     }
 
@@ -115,7 +120,7 @@ private:
         return group.viewCount <= GPS_SATELLITE_SLOTS || Drop();
     }
 
-    /// Entries are four fields each, from field 4 on: number, elevation, azimuth, signal.
+    /// Entries are four fields each: number, elevation, azimuth, signal.
     bool TakeEntry(std::size_t fieldNumber, int value) noexcept
     {
         const std::size_t part = fieldNumber % 4;
@@ -158,13 +163,11 @@ private:
     int slot = -1; // of the latest satellite number in this sentence; none yet
 };
 
-constexpr std::size_t GSV_LAST_FIELD = 19;
-
 /// Result: false as soon as a field can't be.
 bool TakeMessage(const char* sentence, GroupMessage& message) noexcept
 {
     CFieldCursor field(sentence);
-    while (field.Next() && field.Number() <= GSV_LAST_FIELD) {
+    while (field.Next() && field.Number() <= LAST_ENTRY_FIELD) {
         if (!field.Empty() && !message.Take(field)) {
             return false;
         }
@@ -183,10 +186,9 @@ void PublishGroup(const _GPS_Satellite& group, _GPS_Data& record) noexcept
     std::memcpy(target.snr, group.snr, sizeof target.snr);
     std::memcpy(target.elevation, group.elevation, sizeof target.elevation);
     std::memcpy(target.azimuth, group.azimuth, sizeof target.azimuth);
+    // Every slot is written, so that they go many at a time.
     for (std::size_t i = 0; i < GPS_SATELLITE_SLOTS; ++i) {
-        if (group.prn[i] == GPS_SATELLITE_EMPTY) {
-            target.used[i] = 0;
-        }
+        target.used[i] = group.prn[i] == GPS_SATELLITE_EMPTY ? std::uint8_t{0} : target.used[i];
     }
 }
 

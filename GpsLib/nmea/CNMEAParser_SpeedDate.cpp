@@ -16,12 +16,12 @@ struct SpeedFields {
 
 void TakeCourse(CFieldCursor& field, SpeedFields& motion) noexcept
 {
-    motion.heading = ToDouble(field.Text());
+    motion.heading = field.TakeDouble();
 }
 
 void TakeSpeedKmh(CFieldCursor& field, SpeedFields& motion) noexcept
 {
-    motion.speed = ToDouble(field.Text());
+    motion.speed = field.TakeDouble();
 }
 
 constexpr FieldTaker<SpeedFields> VTG_FIELDS[] = {

@@ -1,28 +1,25 @@
 #include "GpsLib/nmea/FieldConversions.h"
 
-#include <algorithm>
 #include <charconv>
 #include <limits>
 
 namespace
 {
 
+/// The number that a digit stands for; more than 9 for any other character.
+constexpr unsigned Digit(char character) noexcept
+{
+    return static_cast<unsigned>(DigitValue(static_cast<unsigned char>(character)));
+}
+
 constexpr bool IsDigit(char character) noexcept
 {
-    return character >= '0' && character <= '9';
+    return Digit(character) <= 9;
 }
 
 constexpr bool IsSpace(char character) noexcept
 {
     return character == ' ' || (character >= '\t' && character <= '\r');
-}
-
-const char* SkipSpace(const char* text) noexcept
-{
-    while (IsSpace(*text)) {
-        ++text;
-    }
-    return text;
 }
 
 /// Steps over a sign.
@@ -36,12 +33,26 @@ bool TakeSign(const char*& text) noexcept
     return negative;
 }
 
+/// Steps over white space and a sign, of which there mostly is none.
+/// Result: true when the sign was a minus.
+bool TakeSpaceAndSign(const char*& text) noexcept
+{
+    if (IsDigit(*text)) {
+        return false;
+    }
+    while (IsSpace(*text)) {
+        ++text;
+    }
+    return TakeSign(text);
+}
+
 // Powers of ten that a double holds exactly.
 constexpr double EXACT_POWERS[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
                                    1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 constexpr int EXACT_POWER_MAX = 22;
 constexpr std::uint64_t EXACT_INTEGER_MAX = std::uint64_t{1} << 53; // every integer up to here is a double
 constexpr std::uint64_t MANTISSA_ROOM = (std::numeric_limits<std::uint64_t>::max() - 9) / 10;
+static_assert(MANTISSA_ROOM > EXACT_INTEGER_MAX, "a mantissa with digits left out must not count as exact");
 constexpr int EXPONENT_LIMIT = 100000; // far beyond what a double reaches, far within int
 
 /// An unsigned decimal number taken apart: mantissa * 10^exponent, but for digits that found no room.
@@ -51,7 +62,6 @@ struct DecimalText {
     std::uint64_t mantissa = 0;
     int exponent = 0;
     bool anyDigit = false;
-    bool cut = false; // digits had to be left out of the mantissa
 
     explicit DecimalText(const char* text) noexcept : begin(text), end(text)
     {
@@ -72,10 +82,9 @@ private:
         for (; IsDigit(*end); ++end) {
             anyDigit = true;
             if (mantissa <= MANTISSA_ROOM) {
-                mantissa = mantissa * 10 + static_cast<std::uint64_t>(*end - '0');
+                mantissa = mantissa * 10 + Digit(*end);
                 exponent += step;
             } else {
-                cut = true;
                 exponent += step + 1;
             }
         }
@@ -117,16 +126,16 @@ double ToDoubleSlowly(const DecimalText& number) noexcept
 
 } // namespace
 
-double ToDouble(const char* text) noexcept
+double TakeDouble(const char*& text) noexcept
 {
-    text = SkipSpace(text);
-    const bool negative = TakeSign(text);
+    const bool negative = TakeSpaceAndSign(text);
     const DecimalText number(text);
+    text = number.end;
     if (!number.anyDigit) {
         return 0.0;
     }
     double value = 0.0;
-    if (!number.cut && number.mantissa <= EXACT_INTEGER_MAX && number.exponent >= -EXACT_POWER_MAX &&
+    if (number.mantissa <= EXACT_INTEGER_MAX && number.exponent >= -EXACT_POWER_MAX &&
         number.exponent <= EXACT_POWER_MAX) {
         // Both operands are exact, so the one operation rounds once, and correctly.
         const auto mantissa = static_cast<double>(number.mantissa);
@@ -138,17 +147,30 @@ double ToDouble(const char* text) noexcept
     return negative ? -value : value;
 }
 
-int ToInt(const char* text) noexcept
+double ToDouble(const char* text) noexcept
 {
-    constexpr std::int64_t MIN = std::numeric_limits<int>::min();
-    constexpr std::int64_t MAX = std::numeric_limits<int>::max();
-    text = SkipSpace(text);
-    const bool negative = TakeSign(text);
-    std::int64_t value = 0;
+    return TakeDouble(text);
+}
+
+int TakeInt(const char*& text) noexcept
+{
+    constexpr int MIN = std::numeric_limits<int>::min();
+    constexpr unsigned MAX = std::numeric_limits<int>::max();
+    const bool negative = TakeSpaceAndSign(text);
+    std::uint64_t value = 0;
     for (; IsDigit(*text); ++text) {
         if (value <= MAX) { // beyond it further digits change nothing
-            value = value * 10 + (*text - '0');
+            value = value * 10 + Digit(*text);
         }
     }
-    return static_cast<int>(std::clamp(negative ? -value : value, MIN, MAX));
+    if (value > MAX) {
+        return negative ? MIN : static_cast<int>(MAX);
+    }
+    const auto magnitude = static_cast<int>(value);
+    return negative ? -magnitude : magnitude;
+}
+
+int ToInt(const char* text) noexcept
+{
+    return TakeInt(text);
 }

@@ -10,10 +10,14 @@
 /// NaN.
 /// Result: 0.0 where there is no number; an infinity beyond the range of double.
 double ToDouble(const char* text) noexcept;
+/// The same; moves `text` on to where it stopped.
+double TakeDouble(const char*& text) noexcept;
 
 /// Decimal text as `atoi` reads it: white space, sign, digits.
 /// Result: 0 where there is no number; the nearest int beyond int's range.
 int ToInt(const char* text) noexcept;
+/// The same; moves `text` on to where it stopped.
+int TakeInt(const char*& text) noexcept;
 
 /// The number that a character stands for when it is a digit; any other character gives its distance from
 /// '0'.
