@@ -1,7 +1,8 @@
 #include "GpsLib/device/CGPSStreamListener.h"
 
-#include <cstring>
+#include <algorithm>
 #include <new>
+#include <string_view>
 
 #include "GpsLib/comm/LockGuard.h"
 #include "GpsLib/device/CGPSCOMDeviceImpl.h"
@@ -52,20 +53,29 @@ void CGPSStreamListener::onData(const char* data, const std::uint32_t& length)
     if (parser == nullptr) {
         return;
     }
-    for (std::uint32_t i = 0; i < length; ++i) {
-        sentence[index] = data[i];
-        ++index;
+    for (std::string_view rest(data, length); !rest.empty();) {
+        rest.remove_prefix(Gather(rest));
         if (index < SENTENCE_MIN) {
-            continue;
+            return; // the chunk is at its end, and the next one goes on
         }
-        const bool complete = i == length - 1 || data[i + 1] == SENTENCE_START;
-        if (complete) {
+        sentence[index] = '\0';
+        index = 0;
+        if (rest.empty() || rest.front() == SENTENCE_START) {
             TakeSentence();
-            DropSentence();
-        } else if (index == SENTENCE_MAX) {
-            DropSentence();
         }
     }
+}
+
+/// Adds the bytes up to the "$" of the next sentence, if that comes before the room or the chunk ends.
+/// Result: how many.
+std::size_t CGPSStreamListener::Gather(std::string_view chunk) noexcept
+{
+    const auto unseen = static_cast<std::size_t>(SENTENCE_MIN - index);
+    const auto room = static_cast<std::size_t>(SENTENCE_MAX - index);
+    const std::size_t next = chunk.substr(0, room + 1).find(SENTENCE_START, unseen);
+    const std::size_t count = chunk.copy(sentence + index, std::min(next, room));
+    index += static_cast<std::int32_t>(count);
+    return count;
 }
 
 void CGPSStreamListener::TakeSentence()
@@ -95,12 +105,6 @@ void CGPSStreamListener::CloseEpoch()
     }
     SendGpsEvent(GPS_EVENT_EPOCH);
     ClearRecord(record);
-}
-
-void CGPSStreamListener::DropSentence() noexcept
-{
-    index = 0;
-    std::memset(sentence, 0, sizeof sentence);
 }
 
 } // namespace GPS

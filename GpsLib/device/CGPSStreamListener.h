@@ -2,7 +2,9 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <cstdint>
+#include <string_view>
 
 #include "GpsLib/comm/CommListener.h"
 #include "GpsLib/contracts/KestThread.h"
@@ -42,17 +44,17 @@ public:
     void SetWriteLog(bool on) noexcept { writeLogFlag = on; }
 
 private:
+    std::size_t Gather(std::string_view chunk) noexcept;
     void TakeSentence();
     void CloseEpoch();
-    void DropSentence() noexcept;
 
     CNMEAParser* parser;            // owned; null when the allocation failed
     CGPSCOMDeviceImpl* device;      // borrowed
     CGPSLogDeviceImpl* logWriter;   // borrowed; may be null
     KestThread::Mutex lock;         // held around TakeFix, and so while it sends its events
     bool noFix;                     // the last closed epoch had no valid fix
-    std::int32_t index;             // bytes in `sentence`, 0 to 81 between two bytes
-    char sentence[201];             // zero from `index` on, so always terminated
+    std::int32_t index;             // bytes in `sentence`, 0 to 8 between two chunks
+    char sentence[201];             // terminated when it is whole
     _GPS_Data record;               // all that was parsed since the last close or wipe
     std::atomic<bool> writeLogFlag; // set by the application's threads, read by the reader thread
     _GPS_Satellite accumulator;     // this opening's own GSV group, which no other feed can disturb
