@@ -2,6 +2,8 @@
 
 #include <charconv>
 
+#include "GpsLib/log/CStdioFile.h"
+
 unsigned XorFloor(const std::string& sentence) noexcept
 {
     unsigned sum = 0;
@@ -28,4 +30,16 @@ double FromCharsFloor(const std::string& sentence) noexcept
         result += real;
     }
     return result;
+}
+
+unsigned long LinesFloor(const std::string& path)
+{
+    const CStdioFile file(std::fopen(path.c_str(), "rb"));
+    unsigned long sum = 0;
+    for (char line[256]; file != nullptr && std::fgets(line, sizeof line, file.get()) != nullptr;) {
+        for (const char* at = line; *at != '\0'; ++at) {
+            sum += static_cast<unsigned char>(*at);
+        }
+    }
+    return sum;
 }

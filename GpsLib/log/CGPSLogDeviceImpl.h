@@ -43,10 +43,10 @@ public:
     void CloseFilter() noexcept { smoothing.SwitchOff(); }
     void SetFilterModel(FILTERMODEL model) noexcept { smoothing.SetModel(model); }
     /// Reads a line, or a piece of 254 bytes of a longer one; a bare LF comes out as CR LF.
-    /// buffer: 256 bytes, of which `size` are zero-filled first.
-    /// size: 255 [byte], for the longest piece and the CR that it may get.
-    /// Result: the length [byte], 0 with no log open and for a line that begins with NUL, -1 at the end of
-    /// the file.
+    /// buffer: 256 bytes; gets the text, terminated. What stands behind the terminator is nobody's.
+    /// size: 255 [byte], for the longest piece and its terminator.
+    /// Result: the length [byte], 0 with no log open (`buffer` untouched) and for a line that begins with
+    /// NUL, -1 at the end of the file.
     std::int32_t ReadLine(char* buffer, std::int32_t size);
     bool NextFix(_GPS_Data& record);
     bool GetGPSDataWithoutSate(_GPS_Data_Without_Sate& data) const noexcept;

@@ -44,14 +44,11 @@ std::int32_t CGPSLogDeviceImpl::ReadLine(char* buffer, std::int32_t size)
     if (readFile == nullptr) {
         return 0;
     }
-    std::memset(buffer, 0, static_cast<std::size_t>(size));
-    char line[LINE_SIZE + 1];
-    if (std::fgets(line, LINE_SIZE, readFile.get()) == nullptr) {
+    if (std::fgets(buffer, size, readFile.get()) == nullptr) {
+        *buffer = '\0';
         return END_OF_FILE;
     }
-    const std::int32_t length = RepairLineEnd(line, static_cast<std::int32_t>(std::strlen(line)));
-    std::memcpy(buffer, line, static_cast<std::size_t>(length));
-    return length;
+    return RepairLineEnd(buffer, static_cast<std::int32_t>(std::strlen(buffer)));
 }
 
 bool CGPSLogDeviceImpl::NextFix(_GPS_Data& record)
