@@ -114,7 +114,10 @@ inline SinCos SinCosOf(double angle) noexcept
     return sincos::Turned({sincos::SineOf(rest, square), sincos::CosineOf(square)}, quarters);
 }
 
-/// The same in single doubles: several times as fast, and up to one unit in the last place off.
+/// The same in single doubles: several times as fast, and up to about 1.5 units in the last place off, where
+/// all its roundings fall together. Against 128-bit arithmetic the worst of 111 million angles was 1.46 off:
+/// latitudes and headings drawn evenly, the whole range, beside quarter turns, and around odd multiples of
+/// pi/4, where it is worst. Of the even ones one value in a thousand was more than 1 off.
 inline SinCos QuickSinCosOf(double angle) noexcept
 {
     const double quarters = sincos::QuartersOf(angle);
