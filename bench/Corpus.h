@@ -17,5 +17,12 @@ std::vector<std::string> Epoch(int second);
 /// Whole epochs one after the other.
 std::vector<std::string> Epochs(int count);
 
+/// Sentences of an epoch of a receiver of today.
+constexpr int SENTENCES_OF_TODAY = 23;
+
+/// The same drive as a receiver of today tells it: one fix of four systems, seven decimals of a minute, GSA
+/// with system numbers, GSV with signal numbers.
+std::vector<std::string> EpochOfToday(int second);
+
 /// The sentences joined to chunks of at most 512 bytes, as a port would hand them out; no sentence is cut.
 std::vector<std::string> Chunks(const std::vector<std::string>& sentences);

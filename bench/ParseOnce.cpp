@@ -1,4 +1,5 @@
-// Sends epochs through the parser, the stream listener or the smoothing step, for instructions.sh to count.
+// Sends epochs through the parser, the stream listener, the sentence adapter or the smoothing step, for
+// instructions.sh to count.
 #include <cstdlib>
 #include <cstring>
 #include <iostream>
@@ -9,6 +10,7 @@
 #include "GpsLib/filter/CGPSFilter.h"
 #include "GpsLib/nmea/CNMEAParser.h"
 #include "bench/Corpus.h"
+#include "layers/adapter/CSentenceAdapter.h"
 
 namespace
 {
@@ -49,12 +51,38 @@ void Smooth(long rounds)
     }
 }
 
+/// Counts what comes out of an adapter.
+class Counter final : public adapter::CSentenceSink
+{
+public:
+    void OnSentence(const char* /*sentence*/, std::size_t /*length*/) noexcept override { ++sentences; }
+
+    long sentences = 0;
+};
+
+void Adapt(long rounds, std::vector<std::string> (*epoch)(int))
+{
+    std::vector<std::string> sentences;
+    for (int second = 0; second < EPOCHS; ++second) {
+        const std::vector<std::string> next = epoch(second);
+        sentences.insert(sentences.end(), next.begin(), next.end());
+    }
+    const std::vector<std::string> chunks = Chunks(sentences);
+    adapter::CSentenceAdapter adapter;
+    Counter counter;
+    for (; rounds > 0; --rounds) {
+        for (const std::string& chunk : chunks) {
+            adapter.Take(chunk.data(), chunk.size(), counter);
+        }
+    }
+}
+
 } // namespace
 
 int main(int count, char** arguments)
 {
     if (count != 3) {
-        std::cerr << "usage: " << arguments[0] << " parse|listen|smooth ROUNDS\n";
+        std::cerr << "usage: " << arguments[0] << " parse|listen|adapt|adapt-older|smooth ROUNDS\n";
         return 2;
     }
     const long rounds = std::strtol(arguments[2], nullptr, 10);
@@ -62,6 +90,10 @@ int main(int count, char** arguments)
         Parse(rounds);
     } else if (std::strcmp(arguments[1], "listen") == 0) {
         Listen(rounds);
+    } else if (std::strcmp(arguments[1], "adapt") == 0) {
+        Adapt(rounds, EpochOfToday);
+    } else if (std::strcmp(arguments[1], "adapt-older") == 0) {
+        Adapt(rounds, Epoch);
     } else {
         Smooth(rounds);
     }

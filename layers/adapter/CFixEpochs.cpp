@@ -16,19 +16,19 @@ bool CFixEpochs::HasClosed(std::string_view talker, const CTimeText& time) noexc
     return other && !twice;
 }
 
-bool CFixEpochs::IsRepeated(const SentenceText& gga, std::string_view quality) const noexcept
+bool CFixEpochs::IsRepeated(std::string_view gga, std::string_view quality) const noexcept
 {
-    return !quality.empty() && quality[0] != '0' && gga.View() == last.View();
+    return !quality.empty() && quality[0] != '0' && gga == last.View();
 }
 
-void CFixEpochs::Note(std::string_view talker, const CTimeText& time, const SentenceText& gga,
+void CFixEpochs::Note(std::string_view talker, const CTimeText& time, std::string_view gga,
                       bool made) noexcept
 {
     lastTalker = {talker[0], talker[1]};
     cameTalker = lastTalker;
     lastTime = time;
     lastMade = made;
-    last = gga;
+    last.length = gga.copy(last.bytes, sizeof last.bytes);
 }
 
 } // namespace adapter

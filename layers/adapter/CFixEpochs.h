@@ -22,10 +22,10 @@ public:
     /// GGA that was made from an RMC.
     bool HasClosed(std::string_view talker, const CTimeText& time) noexcept;
     /// Result: true for the very text of the last GGA with a fix.
-    bool IsRepeated(const SentenceText& gga, std::string_view quality) const noexcept;
+    bool IsRepeated(std::string_view gga, std::string_view quality) const noexcept;
 
     /// A GGA has gone out. made: from an RMC.
-    void Note(std::string_view talker, const CTimeText& time, const SentenceText& gga, bool made) noexcept;
+    void Note(std::string_view talker, const CTimeText& time, std::string_view gga, bool made) noexcept;
 
 private:
     using TALKER = std::array<char, 2>;

@@ -12,22 +12,12 @@ namespace
 {
 
 constexpr std::size_t SHORTEST = 9; // "$", address and checksum: less is no sentence
-constexpr int NO_DIGIT = 16;
+constexpr char DIGITS[] = "0123456789ABCDEF";
+constexpr char SMALL_DIGITS[] = "0123456789abcdef";
 
-int DigitValue(char digit) noexcept
+bool IsDigit(char digit, unsigned value) noexcept
 {
-    if (digit >= '0' && digit <= '9') {
-        return digit - '0';
-    }
-    if (digit >= 'A' && digit <= 'F') {
-        return digit - 'A' + 10;
-    }
-    return digit >= 'a' && digit <= 'f' ? digit - 'a' + 10 : NO_DIGIT;
-}
-
-bool IsSmallDigit(char digit) noexcept
-{
-    return digit >= 'a' && digit <= 'f';
+    return digit == DIGITS[value] || digit == SMALL_DIGITS[value];
 }
 
 } // namespace
@@ -52,7 +42,7 @@ unsigned char ChecksumOf(std::string_view bytes) noexcept
 }
 
 CReceivedSentence::CReceivedSentence(std::string_view text, const Talkers& talkers) noexcept
-    : text(text), body(BodyOf()), kind(KindOf(talkers)), type(TypeOf())
+    : text(text), kind(KindOf(talkers)), type(TypeOf())
 {
 }
 
@@ -65,10 +55,10 @@ std::string_view CReceivedSentence::LineEnd() const noexcept
     return text.substr(text.size() - (pair ? 2 : 1));
 }
 
-bool CReceivedSentence::SmallDigits() const noexcept
+bool CReceivedSentence::SmallDigits(std::string_view body) const noexcept
 {
     const std::size_t digits = body.size() + 2; // behind "$" and "*"
-    return IsSmallDigit(text[digits]) || IsSmallDigit(text[digits + 1]);
+    return text[digits] >= 'a' || text[digits + 1] >= 'a';
 }
 
 TALKERKIND CReceivedSentence::KindOf(const Talkers& talkers) const noexcept
@@ -85,28 +75,31 @@ TALKERKIND CReceivedSentence::KindOf(const Talkers& talkers) const noexcept
 
 SENTENCETYPE CReceivedSentence::TypeOf() const noexcept
 {
-    constexpr std::string_view NAMES[] = {"GGA", "GLL", "GNS", "GSA",
-                                          "GSV", "RMC", "VTG", "ZDA"}; // as numbered
-    const std::string_view name = text.size() >= SHORTEST ? text.substr(3, 3) : std::string_view();
-    for (int type = 0; type < TYPE_OTHER; ++type) {
-        if (name == NAMES[type]) {
-            return static_cast<SENTENCETYPE>(type);
-        }
+    constexpr char NAMES[][4] = {"GGA", "GLL", "GNS", "GSA", "GSV", "RMC", "VTG", "ZDA"}; // as numbered
+    if (text.size() < SHORTEST) {
+        return TYPE_OTHER;
     }
-    return TYPE_OTHER;
+    int type = 0;
+    for (const auto& name : NAMES) {
+        if (text[3] == name[0] && text[4] == name[1] && text[5] == name[2]) {
+            break;
+        }
+        ++type;
+    }
+    return static_cast<SENTENCETYPE>(type);
 }
 
-std::string_view CReceivedSentence::BodyOf() const noexcept
+std::string_view CReceivedSentence::Body() const noexcept
 {
     const std::size_t asterisk = text.find('*');
     if (asterisk == std::string_view::npos || asterisk < 6 || asterisk + 2 >= text.size()) {
         return {};
     }
-    const std::string_view summed = text.substr(1, asterisk - 1);
-    const int sum = DigitValue(text[asterisk + 1]) * 16 + DigitValue(text[asterisk + 2]);
-    const bool right = sum == ChecksumOf(summed) && DigitValue(text[asterisk + 2]) != NO_DIGIT &&
-                       summed.find('\0') == std::string_view::npos;
-    return right ? summed : std::string_view();
+    const std::string_view body(text.data() + 1, asterisk - 1);
+    const unsigned sum = ChecksumOf(body);
+    const bool right = IsDigit(text[asterisk + 1], sum / 16) && IsDigit(text[asterisk + 2], sum % 16) &&
+                       std::memchr(body.data(), '\0', body.size()) == nullptr;
+    return right ? body : std::string_view();
 }
 
 } // namespace adapter

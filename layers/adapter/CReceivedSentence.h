@@ -22,27 +22,23 @@ public:
     CReceivedSentence(std::string_view text, const Talkers& talkers) noexcept;
 
     std::string_view Text() const noexcept { return text; }
-    /// Result: what stands between "$" and "*"; nothing where the checksum isn't right.
-    std::string_view Body() const noexcept { return body; }
+    /// Result: what stands between "$" and "*"; nothing where the checksum isn't right, in capital digits or
+    /// not. One with a NUL inside isn't right: to a parser it ends there.
+    std::string_view Body() const noexcept;
+    /// Result: true when the digits behind such a body aren't capital, as a parser wants them.
+    bool SmallDigits(std::string_view body) const noexcept;
     std::string_view Talker() const noexcept { return text.substr(1, 2); }
     /// Result: CR LF, a line feed, or nothing.
     std::string_view LineEnd() const noexcept;
 
     TALKERKIND Kind() const noexcept { return kind; }
     SENTENCETYPE Type() const noexcept { return type; }
-    /// Result: true for a right checksum, in capital digits or not. One with a NUL inside isn't right: to a
-    /// parser it ends there.
-    bool ChecksumRight() const noexcept { return !body.empty(); }
-    /// Result: true when the digits of a right checksum aren't capital, as a parser wants them.
-    bool SmallDigits() const noexcept;
 
 private:
     TALKERKIND KindOf(const Talkers& talkers) const noexcept;
     SENTENCETYPE TypeOf() const noexcept;
-    std::string_view BodyOf() const noexcept;
 
     std::string_view text;
-    std::string_view body;
     TALKERKIND kind;
     SENTENCETYPE type;
 };

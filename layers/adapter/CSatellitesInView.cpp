@@ -12,15 +12,23 @@ constexpr std::size_t HEAD = 3;  // total, number, satellites in view
 constexpr std::size_t ENTRY = 4; // number, elevation, azimuth, signal-to-noise ratio
 constexpr std::size_t ENTRIES_MOST = 4;
 
-/// Result: true when all entries that have a number have a place in a record.
-bool AllHavePlaces(const CSentenceFields& fields) noexcept
+/// How many of the entries are what.
+struct Entries {
+    int empty = 0;     // without a number
+    int placeless = 0; // with one that has no place in a record
+};
+
+Entries Look(const CSentenceFields& fields) noexcept
 {
+    Entries entries;
     for (std::size_t number = HEAD + 1; number <= fields.Last(); number += ENTRY) {
-        if (!fields[number].empty() && !IsSatellite(fields[number])) {
-            return false;
+        if (fields[number].empty()) {
+            ++entries.empty;
+        } else if (!IsSatellite(fields[number])) {
+            ++entries.placeless;
         }
     }
-    return true;
+    return entries;
 }
 
 /// Leaves in what has a place in a record.
@@ -57,12 +65,12 @@ SatelliteVerdict CSatellitesInView::Judge(CSentenceFields& fields) noexcept
         verdict.goesOut = false;
         return verdict;
     }
-    const bool places = AllHavePlaces(fields);
-    verdict.changed = today || !places;
-    verdict.why = places ? CHANGE_SIGNAL : CHANGE_SATELLITES;
+    const Entries entries = Look(fields);
+    verdict.changed = today || entries.placeless > 0;
+    verdict.why = entries.placeless > 0 ? CHANGE_SATELLITES : CHANGE_SIGNAL;
     if (use == NO_ENTRIES) {
         fields.CutBehind(HEAD);
-    } else if (verdict.changed) {
+    } else if (verdict.changed && entries.empty + entries.placeless > 0) {
         DropEntries(fields);
     }
     return verdict;

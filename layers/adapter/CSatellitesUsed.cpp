@@ -75,46 +75,59 @@ SatelliteVerdict CSatellitesUsed::JudgeGps(CSentenceFields& fields) noexcept
     SatelliteVerdict verdict;
     verdict.why = CHANGE_SATELLITES;
     gpsCame = true;
-    Satellites own;
+    listed = 0;
     std::size_t taken = 0;
     for (std::size_t number = FIRST_SATELLITE; number <= LAST_SATELLITE; ++number) {
-        taken += fields[number].empty() ? 0U : 1U;
+        if (fields[number].empty()) {
+            continue;
+        }
+        ++taken;
         if (IsSatellite(fields[number])) {
-            own.Add(NumberOf(fields[number]));
+            ++listed;
         } else {
-            verdict.changed |= Empty(number, fields);
+            fields.Set(number, {});
+            verdict.changed = true;
         }
     }
-    listed = static_cast<int>(own.count);
-    if (full.count > 0) {
-        verdict.changed |= Join(own, fields);
-    } else {
-        full = own;
+    const bool fills = taken == PLACES;
+    if (fills || full.count > 0) {
+        verdict.changed |= Join(fields);
     }
-    if (taken < PLACES && listed != static_cast<int>(PLACES)) {
+    if (!fills && listed != PLACES) {
         EndRow();
     }
     return verdict;
 }
 
-/// Lists the satellites of the row so far before this sentence's own.
+/// Adds the sentence's satellites to those of the row so far, and lists them all.
 /// Result: false when that is what it does already.
-bool CSatellitesUsed::Join(const Satellites& own, CSentenceFields& fields) noexcept
+bool CSatellitesUsed::Join(CSentenceFields& fields) noexcept
 {
     const std::size_t before = full.count;
-    for (std::size_t i = 0; i < own.count; ++i) {
-        full.Add(own.numbers[i]);
+    std::size_t own = 0;
+    for (std::size_t number = FIRST_SATELLITE; number <= LAST_SATELLITE; ++number) {
+        if (!fields[number].empty()) {
+            full.Add(NumberOf(fields[number]));
+            ++own;
+        }
     }
-    if (full.count == before && own.count == before) {
+    if (before == 0 || (full.count == before && own == before)) {
         return false;
     }
+    ListAll(fields);
+    return true;
+}
+
+/// As far as 82 characters go.
+void CSatellitesUsed::ListAll(CSentenceFields& fields) noexcept
+{
     constexpr std::size_t PLACE_LENGTH = 3; // a comma and two digits
     for (std::size_t number = FIRST_SATELLITE; number <= LAST_SATELLITE; ++number) {
         fields.Set(number, {});
     }
     const std::size_t length = std::min(fields.Length() - PLACES, CSentenceFields::LONGEST);
     std::size_t places = std::min(full.count, (CSentenceFields::LONGEST - length) / PLACE_LENGTH);
-    listed = static_cast<int>(places);
+    listed = places;
     CSentenceFields joined(fields[0]);
     joined.Add(fields[1]);
     joined.Add(fields[2]);
@@ -128,7 +141,6 @@ bool CSatellitesUsed::Join(const Satellites& own, CSentenceFields& fields) noexc
         joined.Add(fields[number]);
     }
     fields = joined;
-    return true;
 }
 
 /// Mode and dilutions are those of the whole fix, so they may serve where GPS hasn't told them.
@@ -159,7 +171,7 @@ SatelliteVerdict CSatellitesUsed::JudgeOddForm(TALKERKIND kind, const CSentenceF
     full.count = 0;
     listed = 0;
     for (std::size_t number = FIRST_SATELLITE; number + 3 <= fields.Last(); ++number) {
-        listed += IsSatellite(fields[number]) ? 1 : 0;
+        listed += IsSatellite(fields[number]) ? 1U : 0U;
     }
     return verdict;
 }

@@ -29,7 +29,7 @@ public:
     /// A sentence with a time has gone out: the row of GSA that belong together has ended.
     void EndRow() noexcept { full.count = 0; }
     /// Result: how many satellites the last GSA lists that went out since the last GGA.
-    int Listed() const noexcept { return listed; }
+    int Listed() const noexcept { return static_cast<int>(listed); }
 
 private:
     struct Satellites {
@@ -42,10 +42,11 @@ private:
     SatelliteVerdict JudgeGps(CSentenceFields& fields) noexcept;
     SatelliteVerdict JudgeOtherSystem(CSentenceFields& fields) noexcept;
     SatelliteVerdict JudgeOddForm(TALKERKIND kind, const CSentenceFields& fields) noexcept;
-    bool Join(const Satellites& own, CSentenceFields& fields) noexcept;
+    bool Join(CSentenceFields& fields) noexcept;
+    void ListAll(CSentenceFields& fields) noexcept;
 
     bool gpsCame = false; // since the last GGA
-    int listed = 0;
+    std::size_t listed = 0;
     Satellites full; // of the GSA of GPS before this one, where all twelve places were taken
 };
 

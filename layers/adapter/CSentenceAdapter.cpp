@@ -2,6 +2,7 @@
 
 #include "layers/adapter/CReceivedSentence.h"
 #include "layers/adapter/CSentenceFields.h"
+#include "layers/adapter/FieldText.h"
 #include "layers/adapter/MakeGga.h"
 #include "layers/adapter/Shorten.h"
 
@@ -11,6 +12,7 @@ namespace adapter
 namespace
 {
 
+constexpr std::size_t QUALITY = 6;  // the field of a GGA
 constexpr std::size_t SHORTEST = 9; // [byte]; a listener doesn't look at less, and what follows is spoilt
 
 /// Result: true when the library reads this type, or a GGA may be made of it.
@@ -32,45 +34,91 @@ struct CSentenceAdapter::Draft {
     enum SOURCE { ITSELF, FROM_GNS, FROM_RMC };
 
     const CReceivedSentence& received;
+    const std::string_view body; // as received
     CSentenceSink& sink;
-    CSentenceFields fields;
     SOURCE source = ITSELF;
     unsigned changes = 0; // a bit for each CHANGE
-    SentenceText text;
+    std::string_view out; // in `received` or in `text`
 
-    Draft(const CReceivedSentence& received, CSentenceSink& sink) noexcept
-        : received(received), sink(sink), fields(received.Body())
+    Draft(const CReceivedSentence& received, std::string_view body, CSentenceSink& sink) noexcept
+        : received(received), body(body), sink(sink)
     {
         if (received.Kind() != TALKER_GP) {
             Change(CHANGE_TALKER);
         }
-        if (received.SmallDigits()) {
+        if (received.SmallDigits(body)) {
             Change(CHANGE_DIGITS);
         }
     }
 
     void Change(CHANGE why) noexcept { changes |= 1U << static_cast<unsigned>(why); }
 
-    /// Fills in the text: as it came if it can be. Result: false when it doesn't fit.
-    bool PutTogether() noexcept
+    /// Result: the fields, to be read or changed. Most sentences need them not: it takes a while to part
+    /// them.
+    CSentenceFields& Fields() noexcept
     {
-        const bool made = source != ITSELF;
-        if (!made && changes == 0 && FitsAsItCame(received)) {
-            text.length = received.Text().copy(text.bytes, sizeof text.bytes);
-            return true;
+        if (!parted) {
+            fields.Part(body);
+            parted = true;
         }
-        if (changes == 0 || !fields.Fits()) {
-            Change(CHANGE_LENGTH);
-        }
-        if (!Shorten(made ? TYPE_GGA : received.Type(), fields)) {
-            return false;
-        }
-        fields.Compose(received.LineEnd(), text);
-        return true;
+        return fields;
+    }
+    std::string_view Field(std::size_t number) const noexcept
+    {
+        return parted ? fields[number] : FieldOf(body, number);
+    }
+    void Become(SOURCE made, const CSentenceFields& gga) noexcept
+    {
+        fields = gga;
+        parted = true;
+        source = made;
     }
 
-    void Emit() const noexcept { sink.OnSentence(text.bytes, text.length); }
+    bool PutTogether() noexcept;
+    void Emit() const noexcept { sink.OnSentence(out.data(), out.size()); }
+
+private:
+    bool FieldsStay() const noexcept;
+
+    SentenceText text;
+    CSentenceFields fields; // of `body`, once it is parted
+    bool parted = false;
 };
+
+/// Finds out what goes out: what came if it can be.
+/// Result: false when it doesn't fit.
+bool CSentenceAdapter::Draft::PutTogether() noexcept
+{
+    if (FieldsStay()) {
+        out = received.Text();
+        if (changes != 0) {
+            text.length = out.copy(text.bytes, sizeof text.bytes);
+            TakeForGp(text, body.size());
+            out = text.View();
+        }
+        return true;
+    }
+    CSentenceFields& wanted = Fields();
+    if (changes == 0 || !wanted.Fits()) {
+        Change(CHANGE_LENGTH);
+    }
+    if (!Shorten(source == ITSELF ? received.Type() : TYPE_GGA, wanted)) {
+        return false;
+    }
+    wanted.Compose(received.LineEnd(), text);
+    out = text.View();
+    return true;
+}
+
+/// Result: true when all that changes, if anything, is talker and checksum.
+bool CSentenceAdapter::Draft::FieldsStay() const noexcept
+{
+    constexpr unsigned FRONT_AND_END = 1U << CHANGE_TALKER | 1U << CHANGE_DIGITS;
+    const std::size_t length = received.Text().size() - received.LineEnd().size();
+    const bool plainEnd = length == body.size() + 4; // nothing behind the digits
+    return source == ITSELF && length <= CSentenceFields::LONGEST && (changes & ~FRONT_AND_END) == 0 &&
+           (changes == 0 || plainEnd);
+}
 
 void CSentenceAdapter::Take(const char* bytes, std::size_t length, CSentenceSink& sink) noexcept
 {
@@ -111,12 +159,12 @@ void CSentenceAdapter::TakeSentence(CSentenceSink& sink) noexcept
     if (!cutter.Kept()) {
         return Drop(DROP_LENGTH);
     }
-    if (received.ChecksumRight()) {
-        Draft draft(received, sink);
-        TakeRight(draft);
-    } else {
-        TakeBad(received, sink);
+    const std::string_view body = received.Body();
+    if (body.empty()) {
+        return TakeBad(received, sink);
     }
+    Draft draft(received, body, sink);
+    TakeRight(draft);
 }
 
 void CSentenceAdapter::TakeBad(const CReceivedSentence& received, CSentenceSink& sink) noexcept
@@ -163,14 +211,13 @@ void CSentenceAdapter::TakeGga(Draft& draft) noexcept
 
 void CSentenceAdapter::TakeGns(Draft& draft) noexcept
 {
-    CSentenceFields waiting = draft.fields;
+    CSentenceFields waiting = draft.Fields();
     if (!Shorten(TYPE_GNS, waiting)) {
         return Drop(DROP_LENGTH); // not counted either: what can't go out leaves no trace
     }
-    switch (missing.TakeGns(CTimeText(draft.fields[1]))) {
+    switch (missing.TakeGns(CTimeText(draft.Field(1)))) {
     case CMissingGga::MAKE:
-        draft.fields = GgaFromGns(draft.fields);
-        draft.source = Draft::FROM_GNS;
+        draft.Become(Draft::FROM_GNS, GgaFromGns(draft.Fields()));
         return SendGga(draft);
     case CMissingGga::NO_NEED:
         if (draft.received.Kind() != TALKER_GP) {
@@ -189,9 +236,8 @@ void CSentenceAdapter::TakeRmc(Draft& draft) noexcept
         return;
     }
     used.EndRow();
-    if (missing.TakeRmc(CTimeText(draft.fields[1]))) {
-        draft.fields = GgaFromRmc(draft.fields, used.Listed());
-        draft.source = Draft::FROM_RMC;
+    if (missing.TakeRmc(CTimeText(draft.Field(1)))) {
+        draft.Become(Draft::FROM_RMC, GgaFromRmc(draft.Fields(), used.Listed()));
         SendGga(draft);
     }
 }
@@ -199,7 +245,7 @@ void CSentenceAdapter::TakeRmc(Draft& draft) noexcept
 void CSentenceAdapter::TakeGsa(Draft& draft) noexcept
 {
     CSatellitesUsed next = used; // what can't go out leaves no trace
-    const SatelliteVerdict verdict = next.Judge(draft.received.Kind(), draft.fields);
+    const SatelliteVerdict verdict = next.Judge(draft.received.Kind(), draft.Fields());
     if (!verdict.goesOut) {
         return Drop(DROP_SYSTEM);
     }
@@ -213,7 +259,7 @@ void CSentenceAdapter::TakeGsa(Draft& draft) noexcept
 
 void CSentenceAdapter::TakeGsv(Draft& draft) noexcept
 {
-    const SatelliteVerdict verdict = inView.Judge(draft.fields);
+    const SatelliteVerdict verdict = inView.Judge(draft.Fields());
     if (!verdict.goesOut) {
         return Drop(DROP_SIGNAL);
     }
@@ -237,24 +283,26 @@ bool CSentenceAdapter::Send(Draft& draft) noexcept
 void CSentenceAdapter::SendGga(Draft& draft) noexcept
 {
     const std::string_view talker = draft.received.Talker();
-    const CTimeText time(draft.fields[1]);
+    const CTimeText time(draft.Field(1));
     const bool behindRmc = draft.source == Draft::FROM_RMC;
     if (!behindRmc && epochs.HasClosed(talker, time)) {
         return Drop(DROP_SECOND_FIX);
     }
-    if (MapQuality(draft.fields)) {
+    const std::string_view older = OlderQuality(draft.Field(QUALITY));
+    if (!older.empty()) {
+        draft.Fields().Set(QUALITY, older);
         draft.Change(CHANGE_QUALITY);
     }
     if (!draft.PutTogether()) {
         return Drop(DROP_LENGTH);
     }
     const bool asItIs = draft.source == Draft::ITSELF && draft.received.Kind() == TALKER_GP;
-    if (!asItIs && epochs.IsRepeated(draft.text, draft.fields[6])) {
+    if (!asItIs && epochs.IsRepeated(draft.out, draft.Field(QUALITY))) {
         return Drop(DROP_SECOND_FIX);
     }
     Count(draft);
     draft.Emit();
-    epochs.Note(talker, time, draft.text, behindRmc);
+    epochs.Note(talker, time, draft.out, behindRmc);
     missing.NoteGga();
     used.NoteGga();
 }
@@ -266,7 +314,7 @@ void CSentenceAdapter::Count(const Draft& draft) noexcept
         return;
     }
     ++(draft.changes == 0 ? counts.passed : counts.rewritten);
-    for (unsigned why = 0; why < CHANGES; ++why) {
+    for (unsigned why = 0; draft.changes >> why != 0; ++why) {
         counts.changed[why] += draft.changes >> why & 1U;
     }
 }

@@ -20,18 +20,18 @@ std::size_t Find(char byte, const char* bytes, std::size_t length) noexcept
 
 std::size_t CSentenceCutter::Take(const char* bytes, std::size_t length) noexcept
 {
-    if (state != INSIDE) {
-        return SkipStray(bytes, length);
-    }
+    const std::size_t skipped = state == INSIDE ? 0 : SkipStray(bytes, length);
+    bytes += skipped;
+    length -= skipped;
     const std::size_t line = Find('\n', bytes, length);
     const std::size_t next = Find('$', bytes, line);
     std::size_t taken = next;
-    if (next < line || line < length) {
+    if (line < length || next < line) {
         state = ENDED;
         taken += next == line ? 1 : 0; // the line feed belongs to the sentence
     }
     Append(bytes, taken);
-    return taken;
+    return skipped + taken;
 }
 
 void CSentenceCutter::EndLine() noexcept
@@ -61,10 +61,10 @@ void CSentenceCutter::DropTorn() noexcept
 
 std::size_t CSentenceCutter::SkipStray(const char* bytes, std::size_t length) noexcept
 {
-    const std::size_t stray = Find('$', bytes, length);
+    const std::size_t stray = bytes[0] == '$' ? 0 : Find('$', bytes, length);
     strayBytes += stray;
-    state = OUTSIDE;
     if (stray == length) {
+        state = OUTSIDE;
         return length;
     }
     state = INSIDE;

@@ -1,7 +1,6 @@
 // CSentenceFields.h: a sentence as its fields, to be changed and put together again.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string_view>
 
@@ -17,6 +16,10 @@ struct SentenceText {
     std::string_view View() const noexcept { return {bytes, length}; }
 };
 
+/// Makes the talker of a sentence GP and puts in the checksum.
+/// bodyLength: [byte] between "$" and "*".
+void TakeForGp(SentenceText& sentence, std::size_t bodyLength) noexcept;
+
 /// Fields are numbered from 1; 0 is the address. Their texts are borrowed.
 class CSentenceFields
 {
@@ -27,15 +30,20 @@ public:
     /// of it.
     static constexpr std::size_t LONGEST = SentenceText::LONGEST - 2;
 
-    /// body: what stands between "$" and "*".
-    explicit CSentenceFields(std::string_view body) noexcept;
+    /// No field at all, until Part().
+    CSentenceFields() noexcept = default;
+    explicit CSentenceFields(std::string_view body) noexcept { Part(body); }
+    /// body: what stands between "$" and "*". The byte behind it is looked at too: an asterisk, a comma or
+    /// NUL.
+    void Part(std::string_view body) noexcept;
 
     /// Result: the number of the last field.
     std::size_t Last() const noexcept { return count - 1; }
     /// Result: the field; empty where there is none.
     std::string_view operator[](std::size_t number) const noexcept
     {
-        return number < count ? fields[number] : std::string_view();
+        return number < count ? std::string_view(fields[number].text, fields[number].length)
+                              : std::string_view();
     }
     /// Nothing happens where there is no such field.
     void Set(std::size_t number, std::string_view text) noexcept;
@@ -45,15 +53,21 @@ public:
     void CutBehind(std::size_t number) noexcept;
 
     /// Result: [byte] of the whole sentence without its line end.
-    std::size_t Length() const noexcept;
+    std::size_t Length() const noexcept { return length; }
     bool Fits() const noexcept { return Length() <= LONGEST; }
     /// Puts the sentence together, as talker GP, with a new checksum. It must fit.
     /// lineEnd: at most two bytes.
     void Compose(std::string_view lineEnd, SentenceText& sentence) const noexcept;
 
 private:
-    std::array<std::string_view, MOST> fields;
+    struct Field {        // without a value at first: most of them aren't used
+        const char* text; // a byte can be read behind it
+        std::size_t length;
+    };
+
+    Field fields[MOST];
     std::size_t count = 0;
+    std::size_t length = 3; // [byte] of "*" and two digits, and of each field with what stands before it
 };
 
 } // namespace adapter

@@ -20,6 +20,25 @@ bool AreDigits(std::string_view text) noexcept
 
 } // namespace
 
+std::string_view FieldOf(std::string_view body, std::size_t number) noexcept
+{
+    std::size_t begin = 0;
+    for (; number > 0; --number) {
+        while (begin < body.size() && body[begin] != ',') {
+            ++begin;
+        }
+        if (begin == body.size()) {
+            return {};
+        }
+        ++begin;
+    }
+    std::size_t end = begin;
+    while (end < body.size() && body[end] != ',') {
+        ++end;
+    }
+    return body.substr(begin, end - begin);
+}
+
 CTimeText::CTimeText(std::string_view field) noexcept
 {
     constexpr std::size_t DIGITS = 6;
@@ -37,23 +56,6 @@ bool CTimeText::SameAs(const CTimeText& other) const noexcept
 {
     return Known() &&
            std::string_view(text.data(), length) == std::string_view(other.text.data(), other.length);
-}
-
-int NumberOf(std::string_view field) noexcept
-{
-    constexpr int MOST = 999;
-    field.remove_prefix(std::min(field.find_first_not_of(' '), field.size()));
-    int number = 0;
-    for (std::size_t i = 0; i < field.size() && IsDigit(field[i]); ++i) {
-        number = std::min(number * 10 + (field[i] - '0'), MOST);
-    }
-    return number;
-}
-
-bool IsSatellite(std::string_view field) noexcept
-{
-    const int number = NumberOf(field);
-    return number >= 1 && number <= SATELLITE_MOST;
 }
 
 std::string_view TwoDigits(int number) noexcept

@@ -8,6 +8,9 @@
 namespace adapter
 {
 
+/// Result: a field of what stands between "$" and "*"; empty where there is none. number: 0 is the address.
+std::string_view FieldOf(std::string_view body, std::size_t number) noexcept;
+
 /// A time of the day as text, to be compared: "101500.00" and "101500" are the same.
 class CTimeText
 {
@@ -27,10 +30,26 @@ private:
 
 constexpr int SATELLITE_MOST = 64; // the highest number that has a place in a record
 
-/// Result: the field's number as a parser reads it, up to 999; 0 where there is none.
-int NumberOf(std::string_view field) noexcept;
+/// Result: the field's number as a parser reads it, four digits of it at most; 0 where there is none.
+inline int NumberOf(std::string_view field) noexcept
+{
+    constexpr int MOST = 999;
+    std::size_t at = 0;
+    while (at < field.size() && field[at] == ' ') {
+        ++at;
+    }
+    int number = 0;
+    for (; at < field.size() && field[at] >= '0' && field[at] <= '9' && number <= MOST; ++at) {
+        number = number * 10 + (field[at] - '0');
+    }
+    return number;
+}
 /// Result: true for 1 to SATELLITE_MOST.
-bool IsSatellite(std::string_view field) noexcept;
+inline bool IsSatellite(std::string_view field) noexcept
+{
+    const int number = NumberOf(field);
+    return number >= 1 && number <= SATELLITE_MOST;
+}
 /// number: 0 to SATELLITE_MOST. Result: two digits that last.
 std::string_view TwoDigits(int number) noexcept;
 

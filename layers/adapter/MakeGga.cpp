@@ -8,8 +8,6 @@ namespace adapter
 namespace
 {
 
-constexpr std::size_t QUALITY = 6; // the field of a GGA
-
 /// modes: a letter for each system.
 std::string_view QualityOf(std::string_view modes) noexcept
 {
@@ -32,7 +30,7 @@ std::string_view QualityOf(std::string_view modes) noexcept
 CSentenceFields GgaFromGns(const CSentenceFields& gns) noexcept
 {
     CSentenceFields gga("GPGGA");
-    for (std::size_t number = 1; number < QUALITY; ++number) {
+    for (std::size_t number = 1; number <= 5; ++number) {
         gga.Add(gns[number]); // time and place
     }
     gga.Add(QualityOf(gns[6]));
@@ -58,14 +56,17 @@ CSentenceFields GgaFromRmc(const CSentenceFields& rmc, int satellites) noexcept
     return gga;
 }
 
-bool MapQuality(CSentenceFields& gga) noexcept
+std::string_view OlderQuality(std::string_view quality) noexcept
 {
-    const std::string_view quality = gga[QUALITY].substr(0, 1);
-    if (quality != "3" && quality != "5" && quality != "9") {
-        return false;
+    switch (quality.empty() ? '\0' : quality[0]) {
+    case '3':
+        return "1";
+    case '5':
+    case '9':
+        return "2";
+    default:
+        return {};
     }
-    gga.Set(QUALITY, quality == "3" ? "1" : "2");
-    return true;
 }
 
 } // namespace adapter

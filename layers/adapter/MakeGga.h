@@ -13,9 +13,8 @@ CSentenceFields GgaFromGns(const CSentenceFields& gns) noexcept;
 /// which is none: without one a parser would refuse it. satellites: 0 to 64.
 CSentenceFields GgaFromRmc(const CSentenceFields& rmc, int satellites) noexcept;
 
-/// Puts 1, 2, 2 in place of the qualities 3 (precise), 5 (float), 9 (augmented), which the older form doesn't
-/// know.
-/// Result: false when the GGA is of another quality.
-bool MapQuality(CSentenceFields& gga) noexcept;
+/// Result: 1, 2, 2 for the qualities 3 (precise), 5 (float), 9 (augmented), which the older form doesn't
+/// know; nothing for any other.
+std::string_view OlderQuality(std::string_view quality) noexcept;
 
 } // namespace adapter

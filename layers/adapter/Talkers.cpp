@@ -37,8 +37,11 @@ bool Talkers::Add(std::string_view talker) noexcept
 
 bool Talkers::Has(std::string_view talker) const noexcept
 {
+    if (talker.size() != 2) {
+        return false;
+    }
     for (std::size_t i = 0; i < count; ++i) {
-        if (talker == std::string_view(names[i].data(), 2)) {
+        if (talker[0] == names[i][0] && talker[1] == names[i][1]) {
             return true;
         }
     }
