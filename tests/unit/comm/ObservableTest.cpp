@@ -1,10 +1,8 @@
-// The set of listeners, and the holder of its lock.
+// The set of listeners.
 #include "GpsLib/comm/Observable.h"
 
 #include <memory>
-#include <stdexcept>
 
-#include "GpsLib/comm/LockGuard.h"
 #include "tests/support/FakeWorld.h"
 #include "tests/unit/comm/ChunkKeeper.h"
 
@@ -73,26 +71,6 @@ TEST_F(ListenerSet, CopyHasTheListenersAndALockOfItsOwn)
     Notify(copy, "a");
     EXPECT_EQ(keepers[0].chunks, Chunks{"a"});
     EXPECT_EQ(keepers[1].chunks, Chunks{"a"});
-}
-
-TEST(LockHolder, DropsWhatReleaseThrows)
-{
-    class ThrowsOnRelease final : public KestThread::Lockable
-    {
-    public:
-        void acquire() KEST_NO_THREAD_SAFETY_ANALYSIS override {}
-        bool tryAcquire() KEST_NO_THREAD_SAFETY_ANALYSIS override { return false; }
-        void release() KEST_NO_THREAD_SAFETY_ANALYSIS override
-        {
-            ++releases;
-            throw std::runtime_error("release");
-        }
-        int releases = 0;
-    } lock;
-    {
-        const KestThread::LockGuard guard(lock);
-    }
-    EXPECT_EQ(lock.releases, 1);
 }
 
 } // namespace

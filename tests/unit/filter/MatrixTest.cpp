@@ -43,23 +43,6 @@ TEST(Matrix, RowsOutsideAreNullAndColumnsComeOutBesideEachOther)
     EMPTY.CopyOut(nullptr);
 }
 
-TEST(Matrix, CopiesShareNothing)
-{
-    CMatrix copy(ANY);
-    CMatrix assigned = SINGLE;
-    assigned = ANY; // takes over the shape
-    copy[0][0] = -1.0;
-    assigned[1][2] = -2.0;
-    EXPECT_EQ(RowsOf(ANY), (Rows{{1, 2, 3}, {4, 5, 6}}));
-    EXPECT_EQ(RowsOf(copy), (Rows{{-1, 2, 3}, {4, 5, 6}}));
-    EXPECT_EQ(RowsOf(assigned), (Rows{{1, 2, 3}, {4, 5, -2}}));
-    const double* const array = assigned[0];
-    assigned = *&assigned;
-    EXPECT_EQ(assigned[0], array);
-    assigned = EMPTY;
-    EXPECT_EQ(RowsOf(assigned), NOTHING);
-}
-
 TEST(Matrix, Products)
 {
     const struct {
