@@ -1,10 +1,7 @@
 // What reads and writes of the serial layer bring, over time-outs, closing, and the coming and going of the
 // device.
-#include <csignal>
 #include <thread>
 #include <vector>
-
-#include <pthread.h>
 
 #include "GpsLib/contracts/KestThread.h"
 #include "tests/layers/platform/SerialLayer.h"
@@ -122,25 +119,6 @@ TEST_F(SerialLayerTransfer, PurgeDropsKeptBytesAndTheQueue)
     EXPECT_EQ(Waiting(), 0U);
     device.Write("new\n");
     EXPECT_EQ(Read(), "new\n");
-}
-
-TEST_F(SerialLayerTransfer, SignalsDoNotEndARead)
-{
-    struct sigaction note {
-    };
-    note.sa_handler = [](int) {}; // without SA_RESTART
-    sigaction(SIGUSR1, &note, nullptr);
-    Limit(FOREVER);
-    std::thread sender([this, reader = pthread_self()] {
-        device.Write("ab");
-        for (int i = 0; i < 20; ++i) {
-            pthread_kill(reader, SIGUSR1);
-            Thread::sleep(5);
-        }
-        device.Write("c\n");
-    });
-    EXPECT_EQ(Read(4), "abc\n");
-    sender.join();
 }
 
 TEST_F(SerialLayerTransfer, TwoReadersTakeTurns)
