@@ -63,6 +63,15 @@ inline _GPS_Data FixAt(double lon, double lat)
     return record;
 }
 
+/// second: [s] of the day.
+inline void SetTime(_GPS_Data& record, int second)
+{
+    record.mask |= GPS_MASK_TIME;
+    record.time.hour = static_cast<std::uint8_t>(second / 3600);
+    record.time.minute = static_cast<std::uint8_t>(second / 60 % 60);
+    record.time.second = static_cast<std::uint8_t>(second % 60);
+}
+
 /// The whole block, padding included.
 template <class BLOCK>
 std::array<unsigned char, sizeof(BLOCK)> BytesOf(const BLOCK& block)

@@ -6,26 +6,19 @@
 
 #include "GpsLib/filter/velocity/CVelocityFilter.h"
 #include "tests/support/FakeWorld.h"
+#include "tests/support/Sentence.h"
 
 namespace
 {
 
 using GPS::CVelocityFilter;
 using GPS::EastNorth;
+using support::SetTime;
 
 constexpr double METRES_A_DEGREE = 1e5; // of the faked Earth
 constexpr double RADIAN = 57.295779513082323;
 constexpr double NUMBERS_NONE[] = {std::numeric_limits<double>::quiet_NaN(), HUGE_VAL, -HUGE_VAL};
 constexpr double BEYOND[] = {180.1, 91.0, 1e300, 360.1, -180.1, -91.0, -1e300, -360.1};
-
-void SetTime(_GPS_Data& fix, double time)
-{
-    const int second = static_cast<int>(std::fmod(time + 1e-6, 86400.0));
-    fix.mask = GPS_MASK_TIME;
-    fix.time.hour = static_cast<std::uint8_t>(second / 3600);
-    fix.time.minute = static_cast<std::uint8_t>(second / 60 % 60);
-    fix.time.second = static_cast<std::uint8_t>(second % 60);
-}
 
 /// A vehicle in a town, and a receiver with white noise of 5 m and 0.2 m/s an axis.
 struct Road {
@@ -59,7 +52,7 @@ struct Road {
         const EastNorth velocity = Velocity() + 0.2 * Noise();
         _GPS_Data fix;
         fix.valid = 1;
-        SetTime(fix, clock);
+        SetTime(fix, static_cast<int>(std::fmod(clock + 1e-6, 86400.0)));
         fix.lonLat = PositionOf(place + 5.0 * Noise());
         fix.speed = std::sqrt(Square(velocity)) * 3.6;
         fix.heading = std::fmod(std::atan2(velocity.east, velocity.north) * RADIAN + 360.0, 360.0);
