@@ -10,6 +10,8 @@
 #include <unistd.h>
 
 #include "GpsLib/Kest_GPS.h"
+#include "tools/adapting/AdaptedLog.h"
+#include "tools/adapting/AdapterText.h"
 #include "tools/errors/ErrorLine.h"
 #include "tools/errors/ToolError.h"
 #include "tools/files/SameFile.h"
@@ -62,6 +64,7 @@ ReplayCommand::ReplayCommand(CLI::App& app)
     AddSmoothOption(*replay, smooth);
     replay->add_option("--rate", rate, "Epochs a second (as fast as it goes)")
         ->transform(Within(RATE_LEAST, RATE_MOST));
+    replay->add_flag("--as-is", asIs, "Leave the sentences alone: talker GP in the older form counts");
     replay->callback([this] { TellFileFromModel(); });
     command = replay;
 }
@@ -86,26 +89,44 @@ bool ReplayCommand::Chosen() const
 int ReplayCommand::Run()
 {
     RefuseAsStandardOutput(file);
-    GPS::CGPSLogDevice log;
-    std::string path = file;
-    if (!log.OpenLogFileForRead(path.data())) {
-        throw ToolError("can't read " + file + ": " + ErrorText(errno));
-    }
-    SwitchSmoothing(log, smooth);
-    if (PrintEpochs(log) == 0) {
-        RefuseOtherFiles();
+    if (asIs) {
+        Replay(file, nullptr);
+    } else {
+        const AdaptedLog adapted(file);
+        Replay(adapted.Path(), &adapted);
+        WriteErrorLine(SentencesText(adapted.Counts()));
     }
     return 0;
 }
 
-std::uint64_t ReplayCommand::PrintEpochs(GPS::CGPSLogDevice& log) const
+void ReplayCommand::Replay(const std::string& path, const AdaptedLog* adapted) const
 {
+    GPS::CGPSLogDevice log;
+    std::string opened = path;
+    if (!log.OpenLogFileForRead(opened.data())) {
+        throw ToolError("can't read " + file + ": " + ErrorText(errno));
+    }
+    SwitchSmoothing(log, smooth);
+    if (PrintEpochs(log, adapted) == 0) {
+        RefuseOtherFiles(adapted);
+    }
+    const int error = adapted != nullptr ? adapted->ReadError() : 0;
+    if (error != 0) {
+        throw ToolError("can't read " + file + " to its end: " + ErrorText(error));
+    }
+}
+
+std::uint64_t ReplayCommand::PrintEpochs(GPS::CGPSLogDevice& log, const AdaptedLog* adapted) const
+{
+    constexpr std::uint64_t EPOCHS_TO_KNOW = 3; // a receiver sends each of its sentences in a cycle or two
     LineOutput output(STDOUT_FILENO);
     ProgressLine progress(file);
     Pace pace(rate);
     std::uint64_t epochs = 0;
     for (_GPS_Data fix; NextRecord(log, fix); progress.Show(epochs)) {
-        ++epochs;
+        if (++epochs == EPOCHS_TO_KNOW && adapted != nullptr) {
+            WriteErrorLine(ReceiverText(adapted->Counts()));
+        }
         pace.AwaitNext();
         if (!output.Write(EpochLine(fix))) {
             break;
@@ -115,10 +136,15 @@ std::uint64_t ReplayCommand::PrintEpochs(GPS::CGPSLogDevice& log) const
 }
 
 /// Called when no epoch came out: says why that is.
-void ReplayCommand::RefuseOtherFiles() const
+void ReplayCommand::RefuseOtherFiles(const AdaptedLog* adapted) const
 {
     if (!std::filesystem::is_regular_file(file)) {
         throw ToolError(file + " gave no epoch; name a log file");
+    }
+    if (adapted != nullptr) {
+        throw ToolError(file + (HasReceiver(adapted->Counts())
+                                    ? " holds no fix with a position; there is nothing to print"
+                                    : " is no NMEA log: it holds no sentence of a satellite receiver"));
     }
     if (!HasSentences(file)) {
         throw ToolError(file + " is no NMEA log: it holds no sentence of talker GP");

@@ -1,0 +1,20 @@
+// AdapterText.h: what an adapter met and did, in words.
+#pragma once
+
+#include <string>
+
+#include "layers/adapter/AdapterCounts.h"
+
+namespace kestgps
+{
+
+/// Result: true when a satellite receiver has spoken.
+bool HasReceiver(const adapter::AdapterCounts& counts);
+
+/// Result: one line on what kind of receiver this is, as far as its sentences have shown.
+std::string ReceiverText(const adapter::AdapterCounts& counts);
+
+/// Result: one line on how many sentences came, were rewritten and left out, by reason.
+std::string SentencesText(const adapter::AdapterCounts& counts);
+
+} // namespace kestgps
