@@ -1,4 +1,4 @@
-#include "layers/adapter/AdaptLog.h"
+#include "layers/adapter/AdaptDescriptor.h"
 
 #include <cerrno>
 #include <cstring>

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include "layers/adapter/AdaptDescriptor.h"
 #include "layers/adapter/CFileInPlace.h"
 #include "layers/adapter/CSentenceAdapter.h"
 

@@ -8,8 +8,6 @@
 namespace adapter
 {
 
-class CSentenceAdapter;
-
 enum ADAPTLOGRESULT {
     ADAPTLOG_DONE,
     ADAPTLOG_NOT_READ,    // the log can't be opened or read
@@ -28,10 +26,5 @@ struct AdaptedLog {
 /// be read to its end. copy: a file; a link to one is followed. Takes: as much memory as a page or two of
 /// text, and as long as reading and writing takes. Thread: any, also several at once for different copies.
 KEST_API AdaptedLog AdaptLog(const char* log, const char* copy, const Talkers& talkers = Talkers()) noexcept;
-
-/// Adapts what one descriptor gives, to its end, into another. Neither is closed.
-/// adapter: may have taken bytes before; its counts go on.
-/// Result: ADAPTLOG_DONE, _NOT_READ or _NOT_WRITTEN; errno then tells why.
-KEST_API ADAPTLOGRESULT AdaptDescriptor(int from, int to, CSentenceAdapter& adapter) noexcept;
 
 } // namespace adapter

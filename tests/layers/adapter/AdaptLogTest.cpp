@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "layers/adapter/AdaptDescriptor.h"
 #include "layers/adapter/AdaptLog.h"
 #include "tests/layers/adapter/Adapted.h"
 #include "tests/support/TemporaryFolder.h"
