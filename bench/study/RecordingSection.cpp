@@ -11,6 +11,7 @@
 #include "bench/study/Report.h"
 #include "bench/study/Sections.h"
 #include "bench/study/Units.h"
+#include "layers/adapter/AdaptLog.h"
 
 namespace study
 {
@@ -82,9 +83,13 @@ private:
     int swings = 0;
 };
 
-void Tell(Table& table, const std::filesystem::path& path)
+/// path: a log as the receiver sent it, of whatever talkers. copy: where to put what the replay takes of it.
+void Tell(Table& table, const std::filesystem::path& path, const std::filesystem::path& copy)
 {
-    std::string file = path.string();
+    std::string file = copy.string();
+    if (adapter::AdaptLog(path.string().c_str(), file.c_str()).result != adapter::ADAPTLOG_DONE) {
+        throw std::runtime_error("can't copy " + path.string() + " to " + file);
+    }
     GPS::CGPSLogDevice log;
     if (!log.OpenLogFileForRead(file.data())) {
         throw std::runtime_error("can't read " + file);
@@ -118,7 +123,7 @@ void Tell(Table& table, const std::filesystem::path& path)
 
 } // namespace
 
-void TellRecordings(const std::string& folder)
+void TellRecordings(const std::string& folder, const std::string& copies)
 {
     std::vector<std::filesystem::path> paths;
     for (const auto& entry : std::filesystem::directory_iterator(folder)) {
@@ -129,8 +134,9 @@ void TellRecordings(const std::string& folder)
     std::sort(paths.begin(), paths.end());
     Table table({"recording", "fixes", "acceleration from raw [m]", "velocity from raw [m]", "unrest [m]",
                  "epochs at rest", "of these the heading jumps"});
+    std::filesystem::create_directories(copies);
     for (const std::filesystem::path& path : paths) {
-        Tell(table, path);
+        Tell(table, path, std::filesystem::path(copies) / path.filename());
     }
     std::printf("%s", table.Text().c_str());
 }

@@ -23,7 +23,8 @@ void StudyRandomDrives(Report& report);
 void DrawCity(Report& report);
 
 /// Tells on standard output, as a table, what the models make of the NMEA files of a folder.
+/// copies: a folder for what the replay takes of them, which is made.
 /// Throws: std::runtime_error.
-void TellRecordings(const std::string& folder);
+void TellRecordings(const std::string& folder, const std::string& copies);
 
 } // namespace study

@@ -48,11 +48,12 @@ int main(int argc, char** argv)
         CLI::App* const real =
             app.add_subcommand("recordings", "Tells what the models make of the *.nmea files of a folder");
         real->add_option("FOLDER", folder)->required()->check(CLI::ExistingDirectory);
+        real->add_option("COPIES", data, "Folder for adapted copies of them")->required();
         CLI11_PARSE(app, argc, argv);
         if (*simulated) {
             return MakePage(frame, page, data) ? 0 : 1;
         }
-        study::TellRecordings(folder);
+        study::TellRecordings(folder, data);
         return 0;
     } catch (const std::exception& error) {
         static_cast<void>(std::fprintf(stderr, "kest_gps_study: %s\n", error.what()));
