@@ -1,6 +1,5 @@
 #include "GpsLib/device/CGPSStreamListener.h"
 
-#include <algorithm>
 #include <new>
 #include <string_view>
 
@@ -66,14 +65,13 @@ void CGPSStreamListener::onData(const char* data, const std::uint32_t& length)
     }
 }
 
-/// Adds the bytes up to the "$" of the next sentence, if that comes before the room or the chunk ends.
+/// Adds the bytes up to the "$" of the next sentence, or all that fit where there is none.
 /// Result: how many.
 std::size_t CGPSStreamListener::Gather(std::string_view chunk) noexcept
 {
-    const auto unseen = static_cast<std::size_t>(SENTENCE_MIN - index);
-    const auto room = static_cast<std::size_t>(SENTENCE_MAX - index);
-    const std::size_t next = chunk.substr(0, room + 1).find(SENTENCE_START, unseen);
-    const std::size_t count = chunk.copy(sentence + index, std::min(next, room));
+    const std::string_view fitting = chunk.substr(0, static_cast<std::size_t>(SENTENCE_MAX - index));
+    const std::size_t next = fitting.find(SENTENCE_START, static_cast<std::size_t>(SENTENCE_MIN - index));
+    const std::size_t count = fitting.copy(sentence + index, next); // all, when there is no next
     index += static_cast<std::int32_t>(count);
     return count;
 }
