@@ -8,8 +8,8 @@ namespace GPS
 {
 
 /// A receiver measures its velocity by Doppler shift, far more finely than its positions tell it. A single
-/// velocity that went missing is bridged by the one before.
-/// Thread: one at a time.
+/// velocity that went missing is bridged by the one before. A heading of 0.0 beside a speed is north: one
+/// that got lost alone can't be told from it. Thread: one at a time.
 class CReceiverVelocity
 {
 public:
