@@ -46,6 +46,8 @@ void LiveCommand::AddPortOptions(CLI::App& live, CLI::Option& demo)
         ->excludes(&demo); // a pseudo-terminal has neither parity nor fewer bits
     live.add_option("--bits", options.dataBits, "Data bits (8)")->transform(Within(5, 8))->excludes(&demo);
     live.add_option("--stop", options.stopBits, "Stop bits (1)")->transform(Within(1, 2));
+    live.add_flag("--prompt,!--no-prompt", options.prompt,
+                  "Tell a fix as soon as it has come (default); --no-prompt: when the receiver pauses");
 }
 
 void LiveCommand::AddOutputOptions(CLI::App& live)
@@ -62,6 +64,9 @@ void LiveCommand::AddOutputOptions(CLI::App& live)
     AddSmoothOption(live, options.smooth);
     live.add_option("--log", options.log,
                     "Write the sentences to this file; one that is there is appended to")
+        ->check(FileName());
+    live.add_option("--raw", options.raw,
+                    "Write the bytes as they come to this file; one that is there is appended to")
         ->check(FileName());
 }
 

@@ -28,6 +28,8 @@ struct LiveOptions {
     bool state = false;
     std::string smooth; ///< model; empty is none
     std::string log;    ///< file; empty is none
+    std::string raw;    ///< file for the bytes as they come; empty is none
+    bool prompt = true; ///< the port ends its reads as soon as a fix is there
 };
 
 } // namespace kestgps

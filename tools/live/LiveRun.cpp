@@ -76,12 +76,22 @@ std::string LiveRun::DevicePath() const
     return emulator ? emulator->DevicePath() : options.device;
 }
 
+void LiveRun::AssignPort(std::uint32_t port)
+{
+    platform::PortOptions asked;
+    asked.prompt = options.prompt;
+    if (!options.raw.empty()) {
+        RefuseAsStandardOutput(options.raw);
+        raw.emplace(options.raw);
+        asked.tap = [this](const char* bytes, std::size_t length) { raw->Take(bytes, length); };
+    }
+    platform::AssignPort(port, options.port != 0 ? platform::PortPath(port) : DevicePath(), asked);
+}
+
 void LiveRun::OpenReceiver()
 {
     const std::uint32_t port = options.port != 0 ? options.port : FIRST_PORT;
-    if (options.port == 0) {
-        platform::AssignPort(port, DevicePath());
-    }
+    AssignPort(port);
     device.SetGPSCOMParam(port, options.baudRate, ParityValue(options.parity), options.dataBits,
                           options.stopBits == 2 ? TWOSTOPBITS : ONESTOPBIT);
     SwitchSmoothing(device, options.smooth);
@@ -93,6 +103,10 @@ void LiveRun::OpenReceiver()
 void LiveRun::StartLog()
 {
     RefuseAsStandardOutput(options.log);
+    struct stat recording = {};
+    if (stat(options.raw.c_str(), &recording) == 0 && IsSameFile(recording, options.log)) {
+        throw ToolError("the bytes as they come go to " + options.log + " too; choose another file for one");
+    }
     std::string path = options.log;
     if (!path.empty() && !device.StartWriteLog(path.data(), LOGTYPE_NMEA)) {
         throw ToolError("can't write the log " + path + "; choose another file");
@@ -147,6 +161,7 @@ int LiveRun::Finish()
 {
     device.CloseGPS(); // no event comes any more
     TellLostLines();
+    const bool recorded = !raw || raw->Finish();
     signals.Forget();
     const LiveSummary summary = tap.Summary();
     if (!output.ReaderGone()) {
@@ -159,7 +174,7 @@ int LiveRun::Finish()
         throw ToolError("no epoch came: look at the wiring and the settings (" + SettingsText(options) +
                         "), and whether the receiver sends GGA as talker GP in at most 82 characters");
     }
-    return 0;
+    return recorded ? 0 : 1; // what is missing has been told
 }
 
 } // namespace kestgps

@@ -8,6 +8,7 @@
 #include "tools/live/EventTap.h"
 #include "tools/live/LiveOptions.h"
 #include "tools/live/NoticeQueue.h"
+#include "tools/live/RawRecording.h"
 #include "tools/output/LineOutput.h"
 #include "tools/receiver/Emulator.h"
 #include "tools/receiver/PlayingThread.h"
@@ -27,11 +28,12 @@ public:
     LiveRun& operator=(const LiveRun&) = delete;
 
     /// Runs until a stop signal, the end that the options name, or the end of the demonstration.
-    /// Result: the exit status. Throws ToolError when the port won't open, the log can't be written or no
+    /// Result: the exit status. Throws ToolError when the port won't open, a file can't be written or no
     /// epoch came. Called once.
     int Run();
 
 private:
+    void AssignPort(std::uint32_t port);
     void OpenReceiver();
     void StartLog();
     void StartDemo();
@@ -47,6 +49,7 @@ private:
     StopSignals signals; // before whatever makes a thread
     LineOutput output;
     NoticeQueue queue;
+    std::optional<RawRecording> raw; // before what feeds it
     GPS::CGPSCOMDevice device;
     EventTap tap;
     std::optional<Emulator> emulator;    // of the demonstration

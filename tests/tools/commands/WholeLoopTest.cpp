@@ -51,7 +51,8 @@ TEST(WholeLoop, PositionsAgreeAtEveryStage)
     std::string device = receiver.Line();
     device.pop_back(); // the line end
     const std::vector<std::string> live =
-        Output("live --device " + device + " --log " + log + " --epochs " + std::to_string(driven.size()));
+        Output("live --device " + device + " --log " + log + " --raw " + folder.Path("raw") + " --epochs " +
+               std::to_string(driven.size()));
     const std::vector<std::string> replayed = Output("replay " + log);
 
     constexpr double RESOLUTION =
@@ -65,6 +66,9 @@ TEST(WholeLoop, PositionsAgreeAtEveryStage)
         EXPECT_LE(std::fabs(ahead.lat - behind.lat), RESOLUTION) << driven[i] << live[i];
         EXPECT_EQ(live[i], replayed[i]);
     }
+    const std::string raw = folder.Content("raw");
+    EXPECT_NE(folder.Content("played.nmea").find(raw), std::string::npos) << "not as it came";
+    EXPECT_NE(raw.find(folder.Content("recorded.nmea")), std::string::npos) << "bytes are missing";
 }
 
 } // namespace
