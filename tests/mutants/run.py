@@ -25,6 +25,7 @@ import mutate
 ROOT = Path(__file__).resolve().parents[2]
 TREE = ROOT / "build/mutants/tree"
 BUILD = ROOT / "build/mutants/build"
+SHARED = str(BUILD / "tests")  # where a test of CTest's that is no program works; here each run has its own folder
 NOT_RUN = "Exports|Install|DeviceBuild|Rooms|.*MillionSteps"  # look at files, not at what the library does; takes long
 FLAGS = f"-O1 -w -Wno-narrowing -include {TREE}/tests/mutants/Mutant.h"
 SLOW = "kest_(live|layer|tools)_tests"  # wait on the clock
@@ -100,8 +101,14 @@ def passes(command, seconds, **variables):
 
     with tempfile.TemporaryDirectory(prefix="kest_mutant_") as folder:
         process = subprocess.Popen(
-            command, cwd=folder, env={**os.environ, "TMPDIR": folder, **variables}, start_new_session=True,
-            preexec_fn=set_limits, stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+            [folder if part == SHARED else part for part in command],
+            cwd=folder,
+            env={**os.environ, "TMPDIR": folder, **variables},
+            start_new_session=True,
+            preexec_fn=set_limits,
+            stdin=subprocess.DEVNULL,
+            stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL,
         )
         try:
             return process.wait(limit + WAIT_MORE) == 0
