@@ -30,6 +30,11 @@ std::uint64_t FixesOf(const AdapterCounts& counts, adapter::TALKERKIND kind)
            came[adapter::TYPE_GLL];
 }
 
+std::uint64_t DroppedBy(const AdapterCounts& counts)
+{
+    return std::accumulate(counts.dropped, counts.dropped + adapter::DROPS, std::uint64_t{0});
+}
+
 /// Counts with their words, those that are 0 left out: " (talker 58, signal 87)".
 std::string InBrackets(const std::uint64_t* numbers, const char* const* words, int count)
 {
@@ -49,6 +54,11 @@ bool HasReceiver(const AdapterCounts& counts)
     return CameOf(counts, adapter::TALKER_GP) + CameOf(counts, adapter::TALKER_GN) +
                CameOf(counts, adapter::TALKER_SYSTEM) !=
            0;
+}
+
+bool DidAnything(const AdapterCounts& counts)
+{
+    return counts.rewritten + counts.madeFromGns + counts.madeFromRmc + DroppedBy(counts) != 0;
 }
 
 std::string ReceiverText(const AdapterCounts& counts)
@@ -84,12 +94,11 @@ std::string SentencesText(const AdapterCounts& counts)
     for (int kind = 0; kind < adapter::TALKERKINDS; ++kind) {
         came += CameOf(counts, static_cast<adapter::TALKERKIND>(kind));
     }
-    const std::uint64_t dropped =
-        std::accumulate(counts.dropped, counts.dropped + adapter::DROPS, std::uint64_t{0});
     return "sentences: " + std::to_string(came) + " came, " + std::to_string(counts.rewritten) +
            " rewritten" + InBrackets(counts.changed, CHANGE_WORDS, adapter::CHANGES) + ", " +
-           std::to_string(counts.madeFromGns + counts.madeFromRmc) + " GGA made, " + std::to_string(dropped) +
-           " left out" + InBrackets(counts.dropped, DROP_WORDS, adapter::DROPS);
+           std::to_string(counts.madeFromGns + counts.madeFromRmc) + " GGA made, " +
+           std::to_string(DroppedBy(counts)) + " left out" +
+           InBrackets(counts.dropped, DROP_WORDS, adapter::DROPS);
 }
 
 } // namespace kestgps

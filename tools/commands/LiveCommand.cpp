@@ -46,6 +46,7 @@ void LiveCommand::AddPortOptions(CLI::App& live, CLI::Option& demo)
         ->excludes(&demo); // a pseudo-terminal has neither parity nor fewer bits
     live.add_option("--bits", options.dataBits, "Data bits (8)")->transform(Within(5, 8))->excludes(&demo);
     live.add_option("--stop", options.stopBits, "Stop bits (1)")->transform(Within(1, 2));
+    live.add_flag("--as-is", options.asIs, "Leave the sentences alone: talker GP in the older form counts");
     live.add_flag("--prompt,!--no-prompt", options.prompt,
                   "Tell a fix as soon as it has come (default); --no-prompt: when the receiver pauses");
 }

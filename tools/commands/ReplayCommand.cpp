@@ -94,7 +94,9 @@ int ReplayCommand::Run()
     } else {
         const AdaptedLog adapted(file);
         Replay(adapted.Path(), &adapted);
-        WriteErrorLine(SentencesText(adapted.Counts()));
+        if (DidAnything(adapted.Counts())) {
+            WriteErrorLine(SentencesText(adapted.Counts()));
+        }
     }
     return 0;
 }
@@ -118,7 +120,6 @@ void ReplayCommand::Replay(const std::string& path, const AdaptedLog* adapted) c
 
 std::uint64_t ReplayCommand::PrintEpochs(GPS::CGPSLogDevice& log, const AdaptedLog* adapted) const
 {
-    constexpr std::uint64_t EPOCHS_TO_KNOW = 3; // a receiver sends each of its sentences in a cycle or two
     LineOutput output(STDOUT_FILENO);
     ProgressLine progress(file);
     Pace pace(rate);

@@ -29,6 +29,7 @@ struct LiveOptions {
     std::string smooth; ///< model; empty is none
     std::string log;    ///< file; empty is none
     std::string raw;    ///< file for the bytes as they come; empty is none
+    bool asIs = false;  ///< the port leaves the sentences alone
     bool prompt = true; ///< the port ends its reads as soon as a fix is there
 };
 

@@ -6,6 +6,7 @@
 
 #include "GpsLib/contracts/WinSerial.h"
 #include "layers/platform/PortMap.h"
+#include "tools/adapting/AdapterText.h"
 #include "tools/drive/DemoDrive.h"
 #include "tools/errors/ErrorLine.h"
 #include "tools/errors/ToolError.h"
@@ -76,27 +77,32 @@ std::string LiveRun::DevicePath() const
     return emulator ? emulator->DevicePath() : options.device;
 }
 
-void LiveRun::AssignPort(std::uint32_t port)
+std::uint32_t LiveRun::Port() const noexcept
+{
+    return options.port != 0 ? options.port : FIRST_PORT;
+}
+
+void LiveRun::AssignPort()
 {
     platform::PortOptions asked;
+    asked.adapt = !options.asIs;
     asked.prompt = options.prompt;
     if (!options.raw.empty()) {
         RefuseAsStandardOutput(options.raw);
         raw.emplace(options.raw);
         asked.tap = [this](const char* bytes, std::size_t length) { raw->Take(bytes, length); };
     }
-    platform::AssignPort(port, options.port != 0 ? platform::PortPath(port) : DevicePath(), asked);
+    platform::AssignPort(Port(), options.port != 0 ? platform::PortPath(Port()) : DevicePath(), asked);
 }
 
 void LiveRun::OpenReceiver()
 {
-    const std::uint32_t port = options.port != 0 ? options.port : FIRST_PORT;
-    AssignPort(port);
-    device.SetGPSCOMParam(port, options.baudRate, ParityValue(options.parity), options.dataBits,
+    AssignPort();
+    device.SetGPSCOMParam(Port(), options.baudRate, ParityValue(options.parity), options.dataBits,
                           options.stopBits == 2 ? TWOSTOPBITS : ONESTOPBIT);
     SwitchSmoothing(device, options.smooth);
     if (!device.OpenGPS()) {
-        throw ToolError(WhyPortFailed(platform::PortPath(port), SettingsText(options)));
+        throw ToolError(WhyPortFailed(platform::PortPath(Port()), SettingsText(options)));
     }
 }
 
@@ -146,6 +152,9 @@ bool LiveRun::PrintNotice(const ReceiverNotice& notice)
     if (options.state) {
         line += StateWords(notice.move, notice.heading);
     }
+    if (++epochsPrinted == EPOCHS_TO_KNOW) {
+        TellReceiver();
+    }
     return output.Write(line, deadline);
 }
 
@@ -157,24 +166,45 @@ void LiveRun::TellLostLines()
     }
 }
 
+void LiveRun::TellReceiver()
+{
+    if (platform::PortCounts(Port(), counts)) {
+        WriteErrorLine(ReceiverText(counts));
+    }
+}
+
 int LiveRun::Finish()
 {
+    platform::PortCounts(Port(), counts);
     device.CloseGPS(); // no event comes any more
     TellLostLines();
     const bool recorded = !raw || raw->Finish();
     signals.Forget();
     const LiveSummary summary = tap.Summary();
     if (!output.ReaderGone()) {
+        if (!options.asIs) {
+            output.Write(SentencesText(counts));
+        }
         output.Write(summary.Text()); // another signal ends it for a reader that stands still
     }
     if (player) {
         player->Finish();
     }
     if (summary.Epochs() == 0) {
-        throw ToolError("no epoch came: look at the wiring and the settings (" + SettingsText(options) +
-                        "), and whether the receiver sends GGA as talker GP in at most 82 characters");
+        throw ToolError("no epoch came: " + WhyNoEpoch());
     }
     return recorded ? 0 : 1; // what is missing has been told
+}
+
+std::string LiveRun::WhyNoEpoch() const
+{
+    if (HasReceiver(counts)) {
+        return "sentences came, but no GGA, nor GNS or RMC at more than ten times";
+    }
+    const std::string settings = "look at the wiring and the settings (" + SettingsText(options) + ")";
+    return options.asIs
+               ? settings + ", and whether the receiver sends GGA as talker GP in at most 82 characters"
+               : settings;
 }
 
 } // namespace kestgps

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "GpsLib/Kest_GPS.h"
+#include "layers/adapter/AdapterCounts.h"
 #include "tools/live/EventTap.h"
 #include "tools/live/LiveOptions.h"
 #include "tools/live/NoticeQueue.h"
@@ -33,14 +34,17 @@ public:
     int Run();
 
 private:
-    void AssignPort(std::uint32_t port);
+    std::uint32_t Port() const noexcept;
+    void AssignPort();
     void OpenReceiver();
     void StartLog();
     void StartDemo();
     void PrintNotices();
     bool PrintNotice(const ReceiverNotice& notice);
     void TellLostLines();
+    void TellReceiver();
     int Finish();
+    std::string WhyNoEpoch() const;
 
     std::string DevicePath() const;
 
@@ -50,6 +54,8 @@ private:
     LineOutput output;
     NoticeQueue queue;
     std::optional<RawRecording> raw; // before what feeds it
+    std::uint64_t epochsPrinted = 0;
+    adapter::AdapterCounts counts; // of the port's adapter, the last that were asked for
     GPS::CGPSCOMDevice device;
     EventTap tap;
     std::optional<Emulator> emulator;    // of the demonstration

@@ -54,7 +54,7 @@ const Complaint COMPLAINTS[] = {
     {"live --demo --bits 8", 2, "--demo excludes --bits"},
     {"live --demo --log /none/log", 1, "can't write the log /none/log"},
     {"live --demo --raw /none/raw", 1, "can't write the recording /none/raw: No such file"},
-    {"live --demo --factor 1000 --raw /dev/full", 1, "ends here: No space left"},
+    {"live --demo --as-is --factor 1000 --raw /dev/full", 1, "ends here: No space left"},
     {"emulate /none", 1, "can't read /none: No such file"},
     {"emulate /dev/null", 1, "nothing to play"},
     {"emulate ''", 2, "FILE: the name is empty"},

@@ -1,4 +1,6 @@
-// The built program on the log of a receiver of today.
+// The built program with a receiver of today, and with its log.
+#include <csignal>
+
 #include <gtest/gtest.h>
 
 #include "tests/support/Sentence.h"
@@ -8,7 +10,7 @@
 namespace
 {
 
-class AdaptedReplay : public testing::Test
+class ReceiverOfToday : public testing::Test
 {
 protected:
     static constexpr std::size_t EPOCHS = 1500; // far more bytes than a pipe holds
@@ -29,7 +31,7 @@ protected:
     const std::string errors = folder.Path("errors");
 };
 
-TEST_F(AdaptedReplay, PrintsAllEpochsAndTellsWhatItDid)
+TEST_F(ReceiverOfToday, ReplayPrintsAllEpochsAndTellsWhatItDid)
 {
     Program replay("replay " + log + " 2>" + errors);
     EXPECT_EQ(replay.Lines().size(), EPOCHS);
@@ -43,18 +45,36 @@ TEST_F(AdaptedReplay, PrintsAllEpochsAndTellsWhatItDid)
                                             "), 0 GGA made, 1 left out (proprietary 1)\n");
 }
 
-TEST_F(AdaptedReplay, LeavesTheSentencesAloneWhereItIsAskedTo)
+TEST_F(ReceiverOfToday, ReplayLeavesTheSentencesAloneWhereItIsAskedTo)
 {
     Program replay("replay --as-is " + log + " 2>&1");
     EXPECT_NE(replay.LastLine().find("no sentence of talker GP"), std::string::npos);
     EXPECT_EQ(replay.Status(), 1);
 }
 
-TEST_F(AdaptedReplay, EndsWithItsReader)
+TEST_F(ReceiverOfToday, ReplayEndsWithItsReader)
 {
     Program replay("replay " + log + " 2>/dev/null | head -n 2");
     EXPECT_EQ(replay.Lines().size(), 2U);
     EXPECT_EQ(replay.Status(), 0);
+}
+
+TEST_F(ReceiverOfToday, LiveTellsWhatItIsAndWhatWasRewritten)
+{
+    Program receiver("emulate " + log + " --factor 50 2>/dev/null");
+    std::string device = receiver.Line();
+    device.pop_back(); // the line end
+    Program live("live --device " + device + " --epochs 4 2>" + errors);
+    const std::vector<std::string> lines = live.Lines();
+    EXPECT_EQ(live.Status(), 0);
+    ASSERT_EQ(lines.size(), 7U);
+    EXPECT_NE(lines[4].find(" rewritten (talker "), std::string::npos) << lines[4];
+    EXPECT_EQ(folder.Content("errors"), "kestgps: receiver: several systems, talker GN, system numbers\n");
+
+    Program alone("live --as-is --seconds 1 --device " + device + " 2>&1");
+    EXPECT_NE(alone.LastLine().find("whether the receiver sends GGA as talker GP"), std::string::npos);
+    EXPECT_EQ(alone.Status(), 1);
+    kill(receiver.Id(), SIGTERM);
 }
 
 } // namespace
