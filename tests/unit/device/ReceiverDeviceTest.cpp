@@ -84,6 +84,8 @@ TEST_F(Receiver, OpenAndClosedDevicesStayAsTheyAre)
     device = std::make_unique<GPS::CGPSCOMDevice>();
     EXPECT_TRUE(device->OpenGPS()) << "without settings";
     EXPECT_EQ(Fake::journal.front(), "CreateFileW COM1: 0xc0000000 0 0x3 0");
+    EXPECT_EQ(Fake::settings.BaudRate, 0U);
+    EXPECT_TRUE(Fake::settings.Parity == 0 && Fake::settings.ByteSize == 0 && Fake::settings.StopBits == 0);
 }
 
 TEST_F(Receiver, OpeningThatFailsLeavesItClosedForAnotherTry)
