@@ -17,6 +17,8 @@ void StudyReceivers(Report& report, Ledger& ledger);
 void StudyOutliers(Report& report);
 /// How long a manoeuvre is felt.
 void StudyManoeuvres(Report& report);
+/// How long a velocity is felt that was wrong for a while.
+void StudyWrongVelocities(Report& report);
 /// Five hundred drives and receivers thought out by dice.
 void StudyRandomDrives(Report& report);
 /// A picture: once through a city.

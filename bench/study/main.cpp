@@ -22,6 +22,7 @@ bool MakePage(const std::string& frame, const std::string& page, const std::stri
     ledger.Tell(report);
     study::StudyOutliers(report);
     study::StudyManoeuvres(report);
+    study::StudyWrongVelocities(report);
     study::StudyRandomDrives(report);
     study::DrawCity(report);
     report.Write(frame, page, data);
