@@ -17,7 +17,7 @@ constexpr std::uint16_t GPS_EVENT_EPOCH = 1001;
 constexpr std::uint16_t GPS_EVENT_MOVED = 1002;
 /// Three epochs without a fix, and more than 60 s since it was lost. Comes again with every such epoch.
 /// A new device counts as without a fix since the system started: on a cold start more than 60 s after that,
-/// this comes with the first epoch.
+/// this comes with the first epoch already, if that has no fix.
 constexpr std::uint16_t GPS_EVENT_FIX_TIMEOUT = 1003;
 /// The epoch about to be taken in has no fix; the device still holds the one before.
 constexpr std::uint16_t GPS_EVENT_NO_FIX = 1004;

@@ -1,4 +1,11 @@
 // CGPSLogDevice.h: replays a log as if a receiver were speaking, and writes logs.
+//
+// - OpenLogFileForRead, then GetGPSData by the loop that stands there: one false isn't the end yet.
+// - A record ends with a GGA that has a position. Talker "GP" alone counts.
+// - No event is sent: the caller's reads are what sets the pace.
+// - A log is the sentences themselves, each ended by CR LF; a receiver's log (StartWriteLog in
+//   device/CGPSCOMDevice.h) is one.
+// - records/GPSRecords.h says which fields of a record can be relied on.
 #pragma once
 
 #include "GpsLib/device/CGPSDeviceEx.h"
