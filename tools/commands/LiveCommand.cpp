@@ -17,9 +17,9 @@ LiveCommand::LiveCommand(CLI::App& app)
     CLI::App* const live = app.add_subcommand("live", "Print the fixes of a receiver as they come");
     AddPortOptions(*live, *AddSourceOptions(*live));
     AddOutputOptions(*live);
-    live->callback([this] {
+    live->callback([this, live] {
         CheckSource();
-        CheckModel(options.smooth);
+        CheckModel(*live, options.smooth);
     });
     command = live;
 }

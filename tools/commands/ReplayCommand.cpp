@@ -78,7 +78,7 @@ void ReplayCommand::TellFileFromModel()
     if (file.empty()) {
         throw CLI::RequiredError("FILE");
     }
-    CheckModel(smooth);
+    CheckModel(*command, smooth);
 }
 
 bool ReplayCommand::Chosen() const

@@ -78,7 +78,7 @@ void OutputFile::OpenBeside(const struct stat* there)
     temporary = fs::path(target).replace_filename(".kestgps-XXXXXX");
     RemoveWhenStopped(temporary.c_str()); // before it is there, so that no moment is left out
     file = FileDescriptor(mkostemp(temporary.data(), O_CLOEXEC));
-    if (there != nullptr && fchown(file.Get(), there->st_uid, there->st_gid) != 0) {
+    if (file.IsOpen() && there != nullptr && fchown(file.Get(), there->st_uid, there->st_gid) != 0) {
         // The system keeps that for itself; the file is then the caller's.
     }
     if (!file.IsOpen() || fchmod(file.Get(), mode) != 0) {
@@ -128,8 +128,11 @@ void OutputFile::Finish()
         return;
     }
     // On the disk before it takes the other's place, so that a power cut leaves one of the two.
-    if (fsync(file.Get()) != 0 || close(file.Release()) != 0 ||
-        rename(temporary.c_str(), target.c_str()) != 0) {
+    if (fsync(file.Get()) != 0 || close(file.Release()) != 0) {
+        Fail();
+    }
+    HoldBackStopRequests(); // they come too late: with the next call the work is done
+    if (rename(temporary.c_str(), target.c_str()) != 0) {
         Fail();
     }
     RemoveWhenStopped(nullptr);

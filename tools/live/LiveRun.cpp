@@ -14,6 +14,7 @@
 #include "tools/live/PortFailure.h"
 #include "tools/options/SmoothOption.h"
 #include "tools/output/EpochLine.h"
+#include "tools/signals/SignalEnd.h"
 
 namespace kestgps
 {
@@ -113,8 +114,12 @@ void LiveRun::StartLog()
     if (stat(options.raw.c_str(), &recording) == 0 && IsSameFile(recording, options.log)) {
         throw ToolError("the bytes as they come go to " + options.log + " too; choose another file for one");
     }
+    if (options.log.empty()) {
+        return;
+    }
     std::string path = options.log;
-    if (!path.empty() && !device.StartWriteLog(path.data(), LOGTYPE_NMEA)) {
+    const StopRequestsLetIn opening; // a pipe waits for its reader
+    if (!device.StartWriteLog(path.data(), LOGTYPE_NMEA)) {
         throw ToolError("can't write the log " + path + "; choose another file");
     }
 }

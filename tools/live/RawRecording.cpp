@@ -7,6 +7,7 @@
 
 #include "tools/errors/ErrorLine.h"
 #include "tools/errors/ToolError.h"
+#include "tools/signals/SignalEnd.h"
 
 namespace kestgps
 {
@@ -16,6 +17,7 @@ namespace
 
 int OpenToAppend(const std::string& path)
 {
+    const StopRequestsLetIn opening; // a pipe waits for its reader
     const int file = open(path.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_NOCTTY | O_CLOEXEC, 0666);
     if (file < 0) {
         throw ToolError("can't write the recording " + path + ": " + ErrorText(errno) +

@@ -21,8 +21,9 @@ void AddSmoothOption(CLI::App& command, std::string& model);
 
 bool IsModel(const std::string& name) noexcept;
 
-/// Throws CLI::ValidationError for a name that is neither a model's nor empty.
-void CheckModel(const std::string& name);
+/// Throws CLI::ValidationError for a name that is no model's, unless the command line lacks the option.
+/// command: parsed. name: what AddSmoothOption's `model` became.
+void CheckModel(const CLI::App& command, const std::string& name);
 
 /// name: a model's, or empty for no smoothing.
 template <class DEVICE>

@@ -68,6 +68,24 @@ void EndOnStopRequests() noexcept
     }
 }
 
+sigset_t HoldBackStopRequests() noexcept
+{
+    const sigset_t requests = StopRequests();
+    pthread_sigmask(SIG_BLOCK, &requests, nullptr);
+    return requests;
+}
+
+StopRequestsLetIn::StopRequestsLetIn() noexcept
+{
+    const sigset_t requests = StopRequests();
+    pthread_sigmask(SIG_UNBLOCK, &requests, nullptr);
+}
+
+StopRequestsLetIn::~StopRequestsLetIn()
+{
+    HoldBackStopRequests();
+}
+
 void RemoveWhenStopped(const char* path) noexcept
 {
     unfinished = path;

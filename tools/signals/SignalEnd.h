@@ -14,6 +14,21 @@ sigset_t StopRequests() noexcept;
 /// (StopSignals).
 void EndOnStopRequests() noexcept;
 
+/// From here on they wait, on the calling thread and on those that it makes.
+/// Result: which they are.
+sigset_t HoldBackStopRequests() noexcept;
+
+/// While this object lives, those that were held back end the process again: for a call that may wait for
+/// ever. It is made and goes on one thread.
+class StopRequestsLetIn
+{
+public:
+    StopRequestsLetIn() noexcept;
+    ~StopRequestsLetIn();
+    StopRequestsLetIn(const StopRequestsLetIn&) = delete;
+    StopRequestsLetIn& operator=(const StopRequestsLetIn&) = delete;
+};
+
 /// Names what such an end removes, because it isn't whole yet.
 /// path: borrowed until the next call; null removes nothing. Thread: one at a time.
 void RemoveWhenStopped(const char* path) noexcept;

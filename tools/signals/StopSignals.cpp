@@ -15,16 +15,15 @@ namespace kestgps
 namespace
 {
 
-int HoldBackStopSignals() noexcept
+int HeldBackSignals() noexcept
 {
-    const sigset_t stops = StopRequests();
-    pthread_sigmask(SIG_BLOCK, &stops, nullptr);
+    const sigset_t stops = HoldBackStopRequests();
     return signalfd(-1, &stops, SFD_CLOEXEC | SFD_NONBLOCK);
 }
 
 } // namespace
 
-StopSignals::StopSignals() : signals(HoldBackStopSignals())
+StopSignals::StopSignals() : signals(HeldBackSignals())
 {
     if (!signals.IsOpen()) {
         throw ToolError("no descriptor left: " + ErrorText(errno));

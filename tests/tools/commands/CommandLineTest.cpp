@@ -24,7 +24,6 @@
 #include "tools/commands/EmulateCommand.h"
 #include "tools/drive/DemoDrive.h"
 #include "tools/errors/ToolError.h"
-#include "tools/output/EpochLine.h"
 #include "tools/receiver/Emulator.h"
 
 namespace
@@ -51,10 +50,12 @@ const Complaint COMPLAINTS[] = {
     {"live --device /dev/null", 1, "not a serial device"},
     {"live --device ''", 2, "--device: the name is empty"},
     {"live --demo --log ''", 2, "--log: the name is empty"},
+    {"live --demo --smooth ''", 2, "--smooth: the name is empty"},
     {"live --demo --bits 8", 2, "--demo excludes --bits"},
     {"live --demo --log /none/log", 1, "can't write the log /none/log"},
     {"live --demo --raw /none/raw", 1, "can't write the recording /none/raw: No such file"},
     {"live --demo --as-is --factor 1000 --raw /dev/full", 1, "ends here: No space left"},
+    {"emulate '/none\n\t\x7F'", 1, "/none???: No such file"},
     {"emulate /none", 1, "can't read /none: No such file"},
     {"emulate /dev/null", 1, "nothing to play"},
     {"emulate ''", 2, "FILE: the name is empty"},
@@ -67,6 +68,7 @@ const Complaint COMPLAINTS[] = {
     {"replay /dev/null", 1, "gave no epoch"},
     {"replay /etc/passwd", 1, "is no NMEA log"},
     {"replay /etc/passwd --rate 0", 2, "--rate"},
+    {"replay /etc/passwd --smooth ''", 2, "--smooth: the name is empty"},
     {"replay --smooth velocty /etc/passwd", 2, "velocty is no model"},
     {"simulate", 2, "ROUTE"},
     {"simulate ''", 2, "ROUTE: the name is empty"},
@@ -181,6 +183,23 @@ TEST(CommandLine, SignalsCutOtherCommandsShortWithAWordAndTheirStatus)
     }
 }
 
+TEST(CommandLine, ASignalEndsLiveWhileNobodyReadsItsLog)
+{
+    const support::TemporaryFolder folder;
+    const std::string pipe = folder.Path("pipe");
+    ASSERT_EQ(mkfifo(pipe.c_str(), S_IRUSR | S_IWUSR), 0);
+    const kestgps::Emulator silent("", {});
+    const kestgps::FileDescriptor user(open(silent.DevicePath().c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
+    Program live("live --stop 2 2>&1 --log " + pipe + " --device " + silent.DevicePath());
+    for (termios line{}; (line.c_cflag & CSTOPB) == 0; std::this_thread::yield()) {
+        ASSERT_EQ(tcgetattr(user.Get(), &line), 0);
+    }
+    kill(live.Id(), SIGTERM);
+    const kestgps::FileDescriptor reader(
+        open(pipe.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)); // frees one that didn't end
+    EXPECT_EQ(live.Status(), 128 + SIGTERM);
+}
+
 TEST(CommandLine, ADriveThatIsCutShortOrGoesToItsRouteChangesNoFile)
 {
     const support::TemporaryFolder folder;
@@ -272,16 +291,6 @@ TEST(CommandLine, SmoothTakesAModelsNameOrNoneInFrontOfTheFileToo)
     EXPECT_NE(last(log + " --smooth acceleration").substr(39), velocity.substr(39));
     EXPECT_EQ(last("--smooth " + log + " --rate 1000"), velocity);
     EXPECT_EQ(last(log + " --smooth"), velocity);
-}
-
-TEST(EpochLine, WithoutAFixShowsNoPosition)
-{
-    _GPS_Data lost;
-    lost.time = {23, 5, 9, {}};
-    EXPECT_EQ(kestgps::EpochLine(lost), "23:05:09  no fix");
-    lost.valid = 1;
-    lost.lonLat = {-179.12345678, -0.00000001}; // rounds to a zero without a sign
-    EXPECT_NE(kestgps::EpochLine(lost).find("   0.0000000 -179.1234568"), std::string::npos);
 }
 
 } // namespace

@@ -1,12 +1,16 @@
 #include "tools/files/OutputFile.h"
 
+#include <csignal>
 #include <filesystem>
 
 #include <fcntl.h>
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <unistd.h>
 
 #include "tests/support/TemporaryFolder.h"
 #include "tools/errors/ToolError.h"
+#include "tools/signals/SignalEnd.h"
 
 namespace
 {
@@ -48,6 +52,12 @@ TEST_F(OutputFileRule, AppearsWhenWholeUnderTheNameThatALinkTells)
     EXPECT_EQ(Names(), 5);
 }
 
+TEST_F(OutputFileRule, NoSignalCallsItCutShortOnceItIsThere)
+{
+    EXPECT_EXIT((kestgps::EndOnStopRequests(), OutputFile(old, input).Finish(), raise(SIGTERM), _exit(0)),
+                testing::ExitedWithCode(0), "");
+}
+
 TEST_F(OutputFileRule, LeavesAllAsItWasWithoutFinish)
 {
     OutputFile(old, input).Write("cut");
@@ -65,6 +75,12 @@ TEST_F(OutputFileRule, IsNeverTheInputUnderAnyName)
     }
     OutputFile("/dev/null", "/dev/null").Finish(); // nothing is lost there
     EXPECT_EQ(folder.Content("input"), "read");
+}
+
+TEST_F(OutputFileRule, TellsWhyNoFileCanBeMadeBesideOneThatIsThere)
+{
+    EXPECT_THAT([this] { OutputFile("/proc/self/comm", input); },
+                testing::ThrowsMessage<kestgps::ToolError>(testing::HasSubstr("beside it: No such file")));
 }
 
 TEST_F(OutputFileRule, WritesAnOpenDescriptorAndADeviceStraight)
