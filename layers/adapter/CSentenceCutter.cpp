@@ -23,8 +23,9 @@ std::size_t CSentenceCutter::Take(const char* bytes, std::size_t length) noexcep
     const std::size_t skipped = state == INSIDE ? 0 : SkipStray(bytes, length);
     bytes += skipped;
     length -= skipped;
+    const std::size_t own = count == 0 && length > 0 ? 1 : 0; // the "$" that begins this one
     const std::size_t line = Find('\n', bytes, length);
-    const std::size_t next = Find('$', bytes, line);
+    const std::size_t next = own + Find('$', bytes + own, line - own);
     std::size_t taken = next;
     if (line < length || next < line) {
         state = ENDED;
@@ -70,8 +71,7 @@ std::size_t CSentenceCutter::SkipStray(const char* bytes, std::size_t length) no
     state = INSIDE;
     kept = true;
     count = 0;
-    Append("$", 1);
-    return stray + 1;
+    return stray;
 }
 
 void CSentenceCutter::Append(const char* bytes, std::size_t length) noexcept
