@@ -1,5 +1,6 @@
 #include "layers/adapter/CSatellitesInView.h"
 
+#include "layers/adapter/CFieldPlaces.h"
 #include "layers/adapter/FieldText.h"
 
 namespace adapter
@@ -18,10 +19,11 @@ struct Entries {
     int placeless = 0; // with one that has no place in a record
 };
 
-Entries Look(const CSentenceFields& fields) noexcept
+/// last: the number of the last field of an entry.
+Entries Look(const CFieldPlaces& fields, std::size_t last) noexcept
 {
     Entries entries;
-    for (std::size_t number = HEAD + 1; number <= fields.Last(); number += ENTRY) {
+    for (std::size_t number = HEAD + 1; number <= last; number += ENTRY) {
         if (fields[number].empty()) {
             ++entries.empty;
         } else if (!IsSatellite(fields[number])) {
@@ -31,7 +33,8 @@ Entries Look(const CSentenceFields& fields) noexcept
     return entries;
 }
 
-/// Leaves in what has a place in a record.
+} // namespace
+
 void DropEntries(CSentenceFields& fields) noexcept
 {
     std::size_t kept = HEAD;
@@ -46,32 +49,28 @@ void DropEntries(CSentenceFields& fields) noexcept
     fields.CutBehind(kept);
 }
 
-} // namespace
-
-SatelliteVerdict CSatellitesInView::Judge(CSentenceFields& fields) noexcept
+ViewVerdict CSatellitesInView::Judge(std::string_view& body) noexcept
 {
-    SatelliteVerdict verdict;
+    ViewVerdict verdict;
+    const CFieldPlaces fields(body);
     const std::size_t behind = fields.Last() - HEAD;
     const bool today = behind % ENTRY == 1 && fields[fields.Last()].size() <= 1;
     if (fields.Last() < HEAD || behind / ENTRY > ENTRIES_MOST || (behind % ENTRY != 0 && !today)) {
         return verdict; // no form that is known: the parser may see
     }
     const std::string_view signal = today ? fields[fields.Last()] : std::string_view();
-    if (today) {
-        fields.CutBehind(fields.Last() - 1);
-    }
     const USE use = signal.empty() ? ALL : Use(signal[0], NumberOf(fields[1]), NumberOf(fields[2]));
     if (use == NOTHING) {
         verdict.goesOut = false;
         return verdict;
     }
-    const Entries entries = Look(fields);
+    const std::size_t last = fields.Last() - (today ? 1 : 0);
+    const Entries entries = Look(fields, last);
     verdict.changed = today || entries.placeless > 0;
     verdict.why = entries.placeless > 0 ? CHANGE_SATELLITES : CHANGE_SIGNAL;
-    if (use == NO_ENTRIES) {
-        fields.CutBehind(HEAD);
-    } else if (verdict.changed && entries.empty + entries.placeless > 0) {
-        DropEntries(fields);
+    verdict.dropsEntries = use == ALL && verdict.changed && entries.empty + entries.placeless > 0;
+    if (today) {
+        body = fields.UpTo(use == NO_ENTRIES ? HEAD : last);
     }
     return verdict;
 }

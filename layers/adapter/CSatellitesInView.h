@@ -1,17 +1,28 @@
 // CSatellitesInView.h: GSV of GPS: one signal's groups, and satellites that have a place in a record.
 #pragma once
 
+#include <string_view>
+
 #include "layers/adapter/CSatellitesUsed.h"
 
 namespace adapter
 {
+
+/// What is to become of a sentence of satellites in view, beside what its body is cut to.
+struct ViewVerdict : SatelliteVerdict {
+    bool dropsEntries = false; ///< DropEntries() is to be called
+};
+
+/// Leaves in the entries that have a place in a record. fields: of a body that a verdict was told of.
+void DropEntries(CSentenceFields& fields) noexcept;
 
 /// Receivers of several signals send a group for each. Signal 1 is taken as soon as there is one, else the
 /// first that came; when one of the others comes twice running, it is the only one by now.
 class CSatellitesInView
 {
 public:
-    SatelliteVerdict Judge(CSentenceFields& fields) noexcept;
+    /// body: is cut to what stays of it.
+    ViewVerdict Judge(std::string_view& body) noexcept;
 
 private:
     enum USE { ALL, NO_ENTRIES, NOTHING };

@@ -34,10 +34,11 @@ struct CSentenceAdapter::Draft {
     enum SOURCE { ITSELF, FROM_GNS, FROM_RMC };
 
     const CReceivedSentence& received;
-    const std::string_view body; // as received
+    std::string_view body; // as received, or less of it
     CSentenceSink& sink;
     SOURCE source = ITSELF;
     unsigned changes = 0; // a bit for each CHANGE
+    bool edited = false;  // `fields` tell something else than `body`
     std::string_view out; // in `received` or in `text`
 
     Draft(const CReceivedSentence& received, std::string_view body, CSentenceSink& sink) noexcept
@@ -52,6 +53,11 @@ struct CSentenceAdapter::Draft {
     }
 
     void Change(CHANGE why) noexcept { changes |= 1U << static_cast<unsigned>(why); }
+    void ChangeFields(CHANGE why) noexcept
+    {
+        Change(why);
+        edited = true;
+    }
 
     /// Result: the fields, to be read or changed. Most sentences need them not: it takes a while to part
     /// them.
@@ -71,6 +77,7 @@ struct CSentenceAdapter::Draft {
     {
         fields = gga;
         parted = true;
+        edited = true;
         source = made;
     }
 
@@ -78,8 +85,6 @@ struct CSentenceAdapter::Draft {
     void Emit() const noexcept { sink.OnSentence(out.data(), out.size()); }
 
 private:
-    bool FieldsStay() const noexcept;
-
     SentenceText text;
     CSentenceFields fields; // of `body`, once it is parted
     bool parted = false;
@@ -89,35 +94,27 @@ private:
 /// Result: false when it doesn't fit.
 bool CSentenceAdapter::Draft::PutTogether() noexcept
 {
-    if (FieldsStay()) {
+    if (!edited && changes == 0 && FitsAsItCame(received)) {
         out = received.Text();
-        if (changes != 0) {
-            text.length = out.copy(text.bytes, sizeof text.bytes);
-            TakeForGp(text, body.size());
-            out = text.View();
-        }
         return true;
     }
-    CSentenceFields& wanted = Fields();
-    if (changes == 0 || !wanted.Fits()) {
-        Change(CHANGE_LENGTH);
+    if (edited || body.size() + 4 > CSentenceFields::LONGEST) {
+        CSentenceFields& wanted = Fields();
+        if (!wanted.Fits()) {
+            Change(CHANGE_LENGTH);
+        }
+        if (!Shorten(source == ITSELF ? received.Type() : TYPE_GGA, wanted)) {
+            return false;
+        }
+        wanted.Compose(received.LineEnd(), text);
+    } else {
+        if (changes == 0) {
+            Change(CHANGE_LENGTH); // what stood behind the checksum
+        }
+        Compose(body, received.LineEnd(), text);
     }
-    if (!Shorten(source == ITSELF ? received.Type() : TYPE_GGA, wanted)) {
-        return false;
-    }
-    wanted.Compose(received.LineEnd(), text);
     out = text.View();
     return true;
-}
-
-/// Result: true when all that changes, if anything, is talker and checksum.
-bool CSentenceAdapter::Draft::FieldsStay() const noexcept
-{
-    constexpr unsigned FRONT_AND_END = 1U << CHANGE_TALKER | 1U << CHANGE_DIGITS;
-    const std::size_t length = received.Text().size() - received.LineEnd().size();
-    const bool plainEnd = length == body.size() + 4; // nothing behind the digits
-    return source == ITSELF && length <= CSentenceFields::LONGEST && (changes & ~FRONT_AND_END) == 0 &&
-           (changes == 0 || plainEnd);
 }
 
 void CSentenceAdapter::Take(const char* bytes, std::size_t length, CSentenceSink& sink) noexcept
@@ -250,7 +247,7 @@ void CSentenceAdapter::TakeGsa(Draft& draft) noexcept
         return Drop(DROP_SYSTEM);
     }
     if (verdict.changed) {
-        draft.Change(verdict.why);
+        draft.ChangeFields(verdict.why);
     }
     if (Send(draft)) {
         used = next;
@@ -259,12 +256,16 @@ void CSentenceAdapter::TakeGsa(Draft& draft) noexcept
 
 void CSentenceAdapter::TakeGsv(Draft& draft) noexcept
 {
-    const SatelliteVerdict verdict = inView.Judge(draft.Fields());
+    const ViewVerdict verdict = inView.Judge(draft.body);
     if (!verdict.goesOut) {
         return Drop(DROP_SIGNAL);
     }
     if (verdict.changed) {
         draft.Change(verdict.why);
+    }
+    if (verdict.dropsEntries) {
+        DropEntries(draft.Fields());
+        draft.edited = true;
     }
     Send(draft);
 }
@@ -291,7 +292,7 @@ void CSentenceAdapter::SendGga(Draft& draft) noexcept
     const std::string_view older = OlderQuality(draft.Field(QUALITY));
     if (!older.empty()) {
         draft.Fields().Set(QUALITY, older);
-        draft.Change(CHANGE_QUALITY);
+        draft.ChangeFields(CHANGE_QUALITY);
     }
     if (!draft.PutTogether()) {
         return Drop(DROP_LENGTH);

@@ -1,10 +1,9 @@
 #include "layers/adapter/CSentenceFields.h"
 
 #include <algorithm>
-#include <cstdint>
-#include <cstring>
 
 #include "layers/adapter/CReceivedSentence.h"
+#include "layers/adapter/Commas.h"
 
 namespace adapter
 {
@@ -12,25 +11,22 @@ namespace adapter
 namespace
 {
 
-constexpr std::size_t BLOCK = 8; // [byte] looked at together
-
-/// left: [byte] that there are, of which BLOCK are looked at.
-/// Result: the highest bit of each byte that is a comma, the first byte lowest.
-std::uint64_t CommasIn(const char* bytes, std::size_t left) noexcept
+/// Makes the talker of a sentence GP and puts the checksum and the line end behind its body.
+/// bodyLength: [byte] that stand behind "$" already.
+void Finish(SentenceText& sentence, std::string_view lineEnd, std::size_t bodyLength) noexcept
 {
-    constexpr std::uint64_t EACH = 0x0101010101010101U;
-    constexpr std::uint64_t LOW_BITS = 0x7FU * EACH;
-    std::uint64_t eight = 0;
-    if (left >= BLOCK) {
-        std::memcpy(&eight, bytes, BLOCK); // of a length that the compiler knows
-    } else {
-        std::memcpy(&eight, bytes, left);
+    constexpr char DIGITS[] = "0123456789ABCDEF";
+    sentence.bytes[1] = 'G';
+    sentence.bytes[2] = 'P';
+    const unsigned sum = ChecksumOf({sentence.bytes + 1, bodyLength});
+    char* to = sentence.bytes + 1 + bodyLength;
+    *to++ = '*';
+    *to++ = DIGITS[sum / 16];
+    *to++ = DIGITS[sum % 16];
+    for (const char letter : lineEnd) {
+        *to++ = letter;
     }
-#if __BYTE_ORDER__ == __ORDER_BIG_ENDIAN__
-    eight = __builtin_bswap64(eight);
-#endif
-    const std::uint64_t others = eight ^ ',' * EACH; // zero where there is a comma
-    return ~(((others & LOW_BITS) + LOW_BITS) | others | LOW_BITS);
+    sentence.length = static_cast<std::size_t>(to - sentence.bytes);
 }
 
 } // namespace
@@ -38,20 +34,14 @@ std::uint64_t CommasIn(const char* bytes, std::size_t left) noexcept
 void CSentenceFields::Part(std::string_view body) noexcept
 {
     const char* begin = body.data();
-    const char* const end = begin + body.size();
     Field* next = fields;
-    for (const char* block = begin; block < end; block += BLOCK) {
-        for (std::uint64_t commas = CommasIn(block, static_cast<std::size_t>(end - block)); commas != 0;
-             commas &= commas - 1) {
-            if (next == fields + MOST - 1) {
-                break;
-            }
-            const char* const at = block + __builtin_ctzll(commas) / 8;
-            *next++ = {begin, static_cast<std::size_t>(at - begin)};
-            begin = at + 1;
+    ForEachComma(body, [&](const char* comma) {
+        if (next != fields + MOST - 1) {
+            *next++ = {begin, static_cast<std::size_t>(comma - begin)};
+            begin = comma + 1;
         }
-    }
-    *next++ = {begin, static_cast<std::size_t>(end - begin)};
+    });
+    *next++ = {begin, static_cast<std::size_t>(body.data() + body.size() - begin)};
     count = static_cast<std::size_t>(next - fields);
     length = body.size() + 4;
 }
@@ -91,20 +81,13 @@ void CSentenceFields::Compose(std::string_view lineEnd, SentenceText& sentence) 
         }
         to = std::copy(begin, end, to);
     }
-    *to++ = '*';
-    to = std::copy(lineEnd.begin(), lineEnd.end(), to + 2);
-    sentence.length = static_cast<std::size_t>(to - sentence.bytes);
-    TakeForGp(sentence, Length() - 4);
+    Finish(sentence, lineEnd, Length() - 4);
 }
 
-void TakeForGp(SentenceText& sentence, std::size_t bodyLength) noexcept
+void Compose(std::string_view body, std::string_view lineEnd, SentenceText& sentence) noexcept
 {
-    constexpr char DIGITS[] = "0123456789ABCDEF";
-    sentence.bytes[1] = 'G';
-    sentence.bytes[2] = 'P';
-    const unsigned sum = ChecksumOf({sentence.bytes + 1, bodyLength});
-    sentence.bytes[bodyLength + 2] = DIGITS[sum / 16];
-    sentence.bytes[bodyLength + 3] = DIGITS[sum % 16];
+    sentence.bytes[0] = '$';
+    Finish(sentence, lineEnd, body.copy(sentence.bytes + 1, body.size()));
 }
 
 } // namespace adapter

@@ -16,9 +16,9 @@ struct SentenceText {
     std::string_view View() const noexcept { return {bytes, length}; }
 };
 
-/// Makes the talker of a sentence GP and puts in the checksum.
-/// bodyLength: [byte] between "$" and "*".
-void TakeForGp(SentenceText& sentence, std::size_t bodyLength) noexcept;
+/// Makes the sentence of talker GP that has this between "$" and "*", with a new checksum. It must fit.
+/// lineEnd: at most two bytes.
+void Compose(std::string_view body, std::string_view lineEnd, SentenceText& sentence) noexcept;
 
 /// Fields are numbered from 1; 0 is the address. Their texts are borrowed.
 class CSentenceFields
