@@ -1,5 +1,5 @@
-// CFieldPlaces.h: where the fields of a sentence stand, to be read. It takes less than CSentenceFields, whose
-// fields can be changed.
+// CFieldPlaces.h: where the fields of a sentence stand, to read them; quicker found than CSentenceFields,
+// which can be changed.
 #pragma once
 
 #include <cstddef>
@@ -11,7 +11,7 @@
 namespace adapter
 {
 
-/// Fields are numbered as in CSentenceFields, and none is behind its MOST either.
+/// Fields are numbered as in CSentenceFields, and those beyond its MOST are one field here too.
 class CFieldPlaces
 {
 public:

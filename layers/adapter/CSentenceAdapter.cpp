@@ -85,6 +85,8 @@ struct CSentenceAdapter::Draft {
     void Emit() const noexcept { sink.OnSentence(out.data(), out.size()); }
 
 private:
+    bool ComposeFields() noexcept;
+
     SentenceText text;
     CSentenceFields fields; // of `body`, once it is parted
     bool parted = false;
@@ -98,22 +100,29 @@ bool CSentenceAdapter::Draft::PutTogether() noexcept
         out = received.Text();
         return true;
     }
-    if (edited || body.size() + 4 > CSentenceFields::LONGEST) {
-        CSentenceFields& wanted = Fields();
-        if (!wanted.Fits()) {
-            Change(CHANGE_LENGTH);
-        }
-        if (!Shorten(source == ITSELF ? received.Type() : TYPE_GGA, wanted)) {
-            return false;
-        }
-        wanted.Compose(received.LineEnd(), text);
-    } else {
-        if (changes == 0) {
-            Change(CHANGE_LENGTH); // what stood behind the checksum
-        }
+    if (changes == 0) {
+        Change(CHANGE_LENGTH); // what stands behind the checksum goes, if nothing else does
+    }
+    const bool whole = !edited && body.size() + 4 <= CSentenceFields::LONGEST;
+    if (whole) {
         Compose(body, received.LineEnd(), text);
+    } else if (!ComposeFields()) {
+        return false;
     }
     out = text.View();
+    return true;
+}
+
+bool CSentenceAdapter::Draft::ComposeFields() noexcept
+{
+    CSentenceFields& wanted = Fields();
+    if (!wanted.Fits()) {
+        Change(CHANGE_LENGTH);
+    }
+    if (!Shorten(source == ITSELF ? received.Type() : TYPE_GGA, wanted)) {
+        return false;
+    }
+    wanted.Compose(received.LineEnd(), text);
     return true;
 }
 

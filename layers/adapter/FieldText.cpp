@@ -22,21 +22,16 @@ bool AreDigits(std::string_view text) noexcept
 
 std::string_view FieldOf(std::string_view body, std::size_t number) noexcept
 {
-    std::size_t begin = 0;
+    const char* begin = body.data();
+    const char* const end = begin + body.size();
     for (; number > 0; --number) {
-        while (begin < body.size() && body[begin] != ',') {
-            ++begin;
-        }
-        if (begin == body.size()) {
+        begin = std::find(begin, end, ',');
+        if (begin == end) {
             return {};
         }
         ++begin;
     }
-    std::size_t end = begin;
-    while (end < body.size() && body[end] != ',') {
-        ++end;
-    }
-    return body.substr(begin, end - begin);
+    return {begin, static_cast<std::size_t>(std::find(begin, end, ',') - begin)};
 }
 
 CTimeText::CTimeText(std::string_view field) noexcept

@@ -33,13 +33,17 @@ constexpr int SATELLITE_MOST = 64; // the highest number that has a place in a r
 /// Result: the field's number as a parser reads it, four digits of it at most; 0 where there is none.
 inline int NumberOf(std::string_view field) noexcept
 {
+    const auto isDigit = [](char letter) { return letter >= '0' && letter <= '9'; };
+    if (field.size() == 2 && isDigit(field[0]) && isDigit(field[1])) { // as nearly every one is
+        return (field[0] - '0') * 10 + (field[1] - '0');
+    }
     constexpr int MOST = 999;
     std::size_t at = 0;
     while (at < field.size() && field[at] == ' ') {
         ++at;
     }
     int number = 0;
-    for (; at < field.size() && field[at] >= '0' && field[at] <= '9' && number <= MOST; ++at) {
+    for (; at < field.size() && isDigit(field[at]) && number <= MOST; ++at) {
         number = number * 10 + (field[at] - '0');
     }
     return number;
