@@ -19,10 +19,14 @@ CMissingGga::USE CMissingGga::TakeGns(const CTimeText& time) noexcept
         making = FROM_GNS; // it knows the altitude, an RMC doesn't
         return MAKE;
     }
-    if (ggaSeen) {
+    ofGns.Take(time);
+    if (ggaSeen && ofGns.count <= TIMES_FORGOTTEN) {
         return NO_NEED;
     }
-    ofGns.Take(time);
+    if (ggaSeen) {
+        *this = CMissingGga();
+        ofGns.Take(time);
+    }
     ofRmc.count = 0;
     if (ofGns.count <= TIMES_WITHOUT) {
         return WAIT;

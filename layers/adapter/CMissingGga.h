@@ -13,7 +13,7 @@ class CMissingGga
 public:
     /// So many different times have to come without a GGA; at the next one it is made.
     static constexpr int TIMES_WITHOUT = 10;
-    /// So many different times of RMC without a GGA, where there was one, mean another receiver.
+    /// So many different times of GNS or of RMC without a GGA, where there was one, mean another receiver.
     static constexpr int TIMES_FORGOTTEN = 100;
 
     enum USE { MAKE, WAIT, NO_NEED };

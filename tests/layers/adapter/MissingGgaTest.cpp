@@ -100,6 +100,8 @@ TEST(MissingGga, NeverComesWhereThereIsOne)
     EXPECT_EQ(Adapted(OWN_GGA + Gns(16) + Gns(17, "AN", "GP")), OWN_GGA + Gns(17, "AN", "GP"));
     const std::string other = stream + Seconds(116, 126, [](int second) { return Rmc(second); });
     EXPECT_EQ(Adapted(other), other + GgaOfRmc(126)) << "another receiver by now";
+    const std::string ofGns = OWN_GGA + Seconds(16, 125, [](int second) { return Gns(second, "AN", "GP"); });
+    EXPECT_EQ(Adapted(ofGns + Gns(126)), ofGns + GgaOfGns(126)) << "and one of GNS alone";
 }
 
 TEST(MissingGga, EndsWithTheReceiversOwn)
