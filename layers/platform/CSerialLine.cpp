@@ -118,10 +118,12 @@ bool CSerialLine::Read(char* buffer, std::size_t length, DWORD& count) noexcept
             if (TakeAll(room)) {
                 timer.BytesCame();
             }
-            continue;
+            if (!keepsMuch) { // else the adapter may drop all that comes, and time must end the read
+                continue;
+            }
         }
         held = Held(room);
-        if (Clock::now() >= timer.End(held)) {
+        if (held != HELD::ENOUGH && Clock::now() >= timer.End(held)) {
             gap = timer.EndsByGap(held);
             break;
         }

@@ -105,6 +105,25 @@ TEST_F(PortOptionsRead, PromptReadEndsWithTheGgaThoughTheReceiverGoesOn)
     EXPECT_LT(read.size(), 512U) << "only a full read ended it";
 }
 
+TEST_F(PortOptionsRead, ReadEndsInTimeThoughWhatTheAdapterDropsNeverPauses)
+{
+    constexpr int ENDLESS = 3000; // what the read would wait for
+    const std::string dropped = Sentence("GLGSV,1,1,01,70,10,100,30");
+    int pieces = 0;
+    PortOptions options = ADAPTED;
+    options.tap = [&](const char*, std::size_t) {
+        if (++pieces < ENDLESS) {
+            device.Write(dropped);
+            Thread::sleep(1); // so that it is there at the next look
+        }
+    };
+    Reopen(options);
+    Limit({100, 0, 50, 0, 0});
+    device.Write(dropped);
+    EXPECT_EQ(Read(), "");
+    EXPECT_LT(pieces, ENDLESS);
+}
+
 TEST_F(PortOptionsRead, TapGetsEveryByteAsItCameWhateverItThrowsAndTheAdapterTakes)
 {
     std::string tapped;
