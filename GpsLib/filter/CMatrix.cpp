@@ -152,9 +152,6 @@ double CMatrix::Determinant() const noexcept
 double CMatrix::DeterminantWithout(int row, int column) const noexcept
 {
     const int n = column < cols ? cols - 1 : cols;
-    if (n < 1) {
-        return 0.0;
-    }
     const auto at = [=](int r, int c) {
         return data[(r < row ? r : r + 1) * cols + (c < column ? c : c + 1)];
     };

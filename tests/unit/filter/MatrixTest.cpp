@@ -43,6 +43,22 @@ TEST(Matrix, RowsOutsideAreNullAndColumnsComeOutBesideEachOther)
     EMPTY.CopyOut(nullptr);
 }
 
+TEST(Matrix, AssignmentTakesOverShapeAndElements)
+{
+    const CMatrix shapes[] = {EMPTY, ANY, TALL, SINGLE, Matrix({{8, 9}})};
+    for (const CMatrix& old : shapes) {
+        for (const CMatrix& from : shapes) {
+            CMatrix to = old;
+            to = from;
+            EXPECT_EQ(RowsOf(to), RowsOf(from));
+            CMatrix given = old;
+            to = std::move(given);
+            EXPECT_EQ(RowsOf(to), RowsOf(old));
+            EXPECT_EQ(RowsOf(given), NOTHING); // NOLINT(bugprone-use-after-move): empty, it is told
+        }
+    }
+}
+
 TEST(Matrix, Products)
 {
     const struct {
