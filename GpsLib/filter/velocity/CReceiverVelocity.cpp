@@ -1,5 +1,8 @@
 #include "GpsLib/filter/velocity/CReceiverVelocity.h"
 
+#include <algorithm>
+
+#include "GpsLib/filter/velocity/CStandstill.h"
 #include "GpsLib/math/SinCos.h"
 
 namespace GPS
@@ -13,6 +16,10 @@ constexpr double FULL_CIRCLE = 360.0; // [deg]
 constexpr double BRAKE_MOST = 4.0; // [m/s2] 0.0 and 0.0 after harder braking is a lost sentence, not a stop
 constexpr int LOST_MOST = 3;       // in a row; longer than that a stand-in is a guess
 
+// [deg] Unseen, a lost heading that was this near to north leads aside by a sixth of the way at most. One who
+// really came to 0.0 by a sharper turn has another heading an epoch later, and misses little.
+constexpr double NORTH_NEAR = 10.0;
+
 constexpr double DEGREES_TO_RADIANS = 0.017453292519943295;
 constexpr double KMH_A_MS = 3.6;
 
@@ -22,12 +29,18 @@ bool InRange(const _GPS_Data& fix) noexcept
     return fix.speed >= 0.0 && fix.speed < SPEED_MOST && fix.heading >= 0.0 && fix.heading <= FULL_CIRCLE;
 }
 
+bool IsNearNorth(double heading) noexcept
+{
+    return std::min(heading, FULL_CIRCLE - heading) <= NORTH_NEAR;
+}
+
 } // namespace
 
 bool CReceiverVelocity::Read(_GPS_Data& fix, double seconds) noexcept
 {
     if (InRange(fix) && fix.speed > 0.0 && fix.heading > 0.0) {
         seen = true;
+        told = fix.heading;
     }
     lost = seen && IsLost(fix, seconds) ? lost + 1 : 0;
     if (lost > LOST_MOST) {
@@ -53,7 +66,10 @@ bool CReceiverVelocity::Read(_GPS_Data& fix, double seconds) noexcept
 bool CReceiverVelocity::IsLost(const _GPS_Data& fix, double seconds) const noexcept
 {
     const bool cleared = fix.speed == 0.0 && fix.heading == 0.0; // as a record is that no sentence wrote to
-    return !InRange(fix) || (cleared && speed > BRAKE_MOST * seconds);
+    // One who is slow may tell no heading, and needs none.
+    const bool headless =
+        fix.heading == 0.0 && fix.speed > CStandstill::SLOW * KMH_A_MS && !IsNearNorth(told);
+    return !InRange(fix) || headless || (cleared && speed > BRAKE_MOST * seconds);
 }
 
 } // namespace GPS

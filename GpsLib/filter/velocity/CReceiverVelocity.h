@@ -8,8 +8,10 @@ namespace GPS
 {
 
 /// A receiver measures its velocity by Doppler shift, far more finely than its positions tell it. A single
-/// velocity that went missing is bridged by the one before. A heading of 0.0 beside a speed is north: one
-/// that got lost alone can't be told from it. Thread: one at a time.
+/// velocity that went missing is bridged by the one before. A heading of 0.0 beside a speed, as an empty
+/// field leaves it, is north only where the latest other heading was within 10 degrees of it; else it got
+/// lost. One who really turned north that sharply gets raw fixes until any other heading comes.
+/// Thread: one at a time.
 class CReceiverVelocity
 {
 public:
@@ -28,6 +30,7 @@ private:
 
     bool seen = false;       // a speed above 0 with a heading above 0
     int lost = 0;            // velocities missing in a row
+    double told = 0.0;       // [deg] the latest heading above 0
     double rawSpeed = 0.0;   // [km/h] of the latest velocity
     double rawHeading = 0.0; // [deg] of the latest velocity
     double speed = 0.0;      // [m/s]
