@@ -16,9 +16,9 @@ constexpr double FULL_CIRCLE = 360.0; // [deg]
 constexpr double BRAKE_MOST = 4.0; // [m/s2] 0.0 and 0.0 after harder braking is a lost sentence, not a stop
 constexpr int LOST_MOST = 3;       // in a row; longer than that a stand-in is a guess
 
-// [deg] Unseen, a lost heading that was this near to north leads aside by a sixth of the way at most. One who
+// [deg] Unseen, a lost heading that was this near to north leads aside by a third of the way at most. One who
 // really came to 0.0 by a sharper turn has another heading an epoch later, and misses little.
-constexpr double NORTH_NEAR = 10.0;
+constexpr double NORTH_NEAR = 20.0;
 
 constexpr double DEGREES_TO_RADIANS = 0.017453292519943295;
 constexpr double KMH_A_MS = 3.6;

@@ -9,7 +9,7 @@ namespace GPS
 
 /// A receiver measures its velocity by Doppler shift, far more finely than its positions tell it. A single
 /// velocity that went missing is bridged by the one before. A heading of 0.0 beside a speed, as an empty
-/// field leaves it, is north only where the latest other heading was within 10 degrees of it; else it got
+/// field leaves it, is north only where the latest other heading was within 20 degrees of it; else it got
 /// lost. One who really turned north that sharply gets raw fixes until any other heading comes.
 /// Thread: one at a time.
 class CReceiverVelocity

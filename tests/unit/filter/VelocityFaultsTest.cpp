@@ -126,9 +126,9 @@ const struct Fault {
     {"two a second", 300, [](Moment&) {}, FAULT_HARMLESS, 2.0},
     {"20 a second", 300, [](Moment&) {}, FAULT_HARMLESS, 20.0},
     {"no heading", 300, [](Moment& m) { m.fix.heading = 0.0; }, FAULT_FROM_THE_START},
-    {"heading lost for 5 s", 5, [](Moment& m) { m.fix.heading = 0.0; }, FAULT_HARMFUL},
-    {"heading lost for 30 s", 30, [](Moment& m) { m.fix.heading = 0.0; }, FAULT_HARMFUL},
-    {"heading lost for 60 s", 60, [](Moment& m) { m.fix.heading = 0.0; }, FAULT_HARMFUL},
+    {"heading lost for 5 s", 5, [](Moment& m) { m.fix.heading = 0.0; }, FAULT_HARMLESS},
+    {"heading lost for 30 s", 30, [](Moment& m) { m.fix.heading = 0.0; }, FAULT_HARMLESS},
+    {"heading lost for 60 s", 60, [](Moment& m) { m.fix.heading = 0.0; }, FAULT_HARMLESS},
     {"neither of the two", 300, [](Moment& m) { m.fix.heading = m.fix.speed = 0.0; }, FAULT_HARMLESS},
     {"frozen when slow", 300, [](Moment& m) { m.Freeze(); }, FAULT_HARMLESS},
 };
