@@ -48,6 +48,7 @@ struct StreamCase {
 const StreamCase STREAM_CASES[] = {
     {"ChunkIsCutAtTheSecondDollar", {VTG + GGA}, FIX, 50.0},
     {"EndOfChunkEndsASentence", {VTG, GGA}, FIX, 50.0},
+    {"EmptyChunkChangesNothing", {VTG, "", GGA}, FIX, 50.0},
     {"CloseEmptiesTheRecord", {VTG + GGA, GGA}, {1002, 1001, 1001}, 0.0},
     {"WithoutGgaNothingCloses", {VTG + RMC + VTG}, {}, NO_FIX},
 
@@ -61,7 +62,8 @@ const StreamCase STREAM_CASES[] = {
     {"FifthCharacterAloneCloses", {RMC + Sentence("GPXGZ,1")}, FIX, 10.0 * 1.852},
     {"FourthCharacterDoesNot", {RMC + Sentence("GPGXA,1")}, {}, NO_FIX},
 
-    {"EightBytesWaitForTheRest", {VTG + GGA.substr(0, 8), GGA.substr(8)}, FIX, 50.0},
+    {"EightBytesWaitForTheRest", {VTG + GGA.substr(0, 7), GGA.substr(7, 1), GGA.substr(8)}, FIX, 50.0},
+    {"RestOfAShortOneEndsAtTheDollar", {"$GPXX,1", "\r\n" + VTG + GGA}, FIX, 50.0},
     {"NineBytesAreASentence", {VTG + GGA.substr(0, 9), GGA.substr(9)}, NONE, NO_FIX},
     {"CutSentenceLeavesTheRecordUntilItsRestWipes", {RMC + GGA.substr(0, 9)}, FIX, 10.0 * 1.852},
     {"RestOfNineEndsAtTheDollar", {VTG.substr(0, VTG.size() - 9), Tail(VTG, 9) + GGA}, FIX, 0.0},
@@ -72,6 +74,7 @@ const StreamCase STREAM_CASES[] = {
 
     {"EightyTwoBytesBeforeADollarAreASentence", {Line(82) + VTG + GGA}, NONE_THEN_FIX, 50.0},
     {"EightyThreeAreDroppedAndTheRestSpoilsTheNext", {Line(83) + VTG + GGA}, FIX, 0.0},
+    {"EightyThreeOverTwoChunksAreDroppedToo", {Line(8), Line(83).substr(8) + VTG + GGA}, FIX, 0.0},
     {"DroppedLineIsNotTakenAtItsEndEither", {Line(82 + 82 + 9) + VTG + GGA}, FIX, 50.0},
 };
 

@@ -41,7 +41,7 @@ TEST_F(VehicleState, MovesAsTheSpeedsSay)
 {
     const support::Row<double[3], MOVESTATETYPE> ROWS[] = {
         // [km/h] newest first
-        {"all below ten is slow", {9.9, 0.0, 9.999}, MOVESTATE_SLOW},
+        {"all below ten is slow", {9.9, 9.5, 9.999}, MOVESTATE_SLOW},
         {"ten is not", {10.0, 9.0, 9.0}, MOVESTATE_STEADY},
         {"the oldest counts for slow", {8.0, 9.0, 10.0}, MOVESTATE_STEADY},
         {"the middle one too", {1.0, 10.0, 1.0}, MOVESTATE_CHANGING},

@@ -33,6 +33,7 @@ TEST(Epoch, RunOfSentencesEndsWithValidAndMask)
         {"ZDA between takes the status away", {RMC, ZDA, RMC_V}, 0, 0x15E},
         {"GSA behind VTG brings it back", {RMC, VTG, GSA, RMC_V}, 1, 0x15E},
         {"GSV between keeps it", {RMC, GSV, RMC_V}, 1, 0x15E},
+        {"GSV adds to mask", {GGA, GSV}, 1, 0x275},
         {"RMC without position never yields", {GGA, With(RMC, 3, "")}, 0, 0x14E},
         {"midnight RMC yields to GSA in a cleared record", {GSA_1, With(RMC, 1, "000000")}, 0, 0x15E},
         {"midnight RMC alone", {With(RMC, 1, "000000")}, 1, 0x15E},

@@ -282,8 +282,8 @@ TEST_F(Drive, CopiesShareIt)
     assigned = copy;
     assigned = *&assigned;
     EXPECT_TRUE(device.GetGPSData(record));
-    EXPECT_TRUE(copy.GetGPSData(record));
-    EXPECT_FALSE(assigned.GetGPSData(record)) << "the third step arrives";
+    EXPECT_TRUE(assigned.GetGPSData(record));
+    EXPECT_FALSE(copy.GetGPSData(record)) << "the third step arrives";
     EXPECT_TRUE(device.EndSimu());
     EXPECT_FALSE(copy.GetGPSData(record)) << "ended for all";
     EXPECT_FALSE(copy.BeginSimu()) << "the route is its owner's again";
