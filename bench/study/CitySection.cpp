@@ -38,7 +38,7 @@ void DrawCity(Report& report)
         std::string errors;
         for (const _GPS_Data& fix : told) {
             positions += Point(origin, fix.lonLat);
-            errors += Number(Way(epoch.truth.at, fix.lonLat).Length(), 1) + " ";
+            errors += Number(Length(Way(epoch.truth.at, fix.lonLat)), 1) + " ";
         }
         report.Data("city.dat", Number(epoch.time - SHOWN_FROM, 0) + " ");
         report.Data("city.dat", positions);

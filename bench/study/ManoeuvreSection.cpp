@@ -45,7 +45,7 @@ Course CourseOf(const Manoeuvre& manoeuvre)
         for (std::size_t second = 0; second < epochs.size(); ++second) {
             const OfModels<_GPS_Data> told = smoothers.Step(epochs[second].fix);
             for (std::size_t model = 0; model < MODELS; ++model) {
-                course[second][model] += Way(epochs[second].truth.at, told[model].lonLat).Square() / RUNS;
+                course[second][model] += Square(Way(epochs[second].truth.at, told[model].lonLat)) / RUNS;
             }
         }
     }

@@ -60,9 +60,9 @@ void Try(const std::vector<Epoch>& epochs, const Fault& fault, Dice& dice, OfMod
     for (std::size_t model = 0; model < MODELS; ++model) {
         for (std::size_t i = from; i < epochs.size(); ++i) {
             const Metres moved = Way(without[i][model], with[i][model]);
-            worst[model].moved = std::max(worst[model].moved, moved.Length());
+            worst[model].moved = std::max(worst[model].moved, Length(moved));
             const Metres left = fault.fixes == 0 ? moved - far : moved;
-            if (i >= over && left.Length() > BACK) {
+            if (i >= over && Length(left) > BACK) {
                 worst[model].back = std::max(worst[model].back, static_cast<double>(i + 1 - over));
             }
         }

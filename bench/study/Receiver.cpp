@@ -150,7 +150,7 @@ void Receiver::TellMotion(double time, _GPS_Data& fix)
     const Moment& then = *track.At(time - traits.latency);
     const Metres velocity{then.east + traits.velocity * dice.Gauss(),
                           then.north + traits.velocity * dice.Gauss()};
-    fix.speed = velocity.Length() / KMH * traits.speedScale;
+    fix.speed = Length(velocity) / KMH * traits.speedScale;
     fix.heading = std::fmod(HeadingOf(velocity) + traits.headingOff, 360.0);
     if (fix.speed < traits.headingLeast) {
         fix.heading = dice.Between(0.0, 359.9);
@@ -163,7 +163,7 @@ void Receiver::TellMotion(double time, _GPS_Data& fix)
 
 void Receiver::Freeze(const Moment& truth, _GPS_Data& fix)
 {
-    if (Metres{truth.east, truth.north}.Length() >= traits.freezeBelow) {
+    if (Length(Metres{truth.east, truth.north}) >= traits.freezeBelow) {
         frozen.reset();
         return;
     }

@@ -29,7 +29,7 @@ class Traces
 public:
     void Add(const _GPS_Data& raw, const _GPS_Data& told)
     {
-        const double off = Way(raw.lonLat, told.lonLat).Length();
+        const double off = Length(Way(raw.lonLat, told.lonLat));
         apart += off * off;
         farthest = std::max(farthest, off);
         ++fixes;
@@ -65,8 +65,8 @@ private:
         const tagLonLat& middle = rows[rows.size() - 2];
         const Metres back = Way(middle, rows[rows.size() - 3]);
         const Metres on = Way(middle, rows.back());
-        if (back.Length() < FOLLOWS && on.Length() < FOLLOWS) {
-            unrest += (0.5 * (back + on)).Square();
+        if (Length(back) < FOLLOWS && Length(on) < FOLLOWS) {
+            unrest += Square(0.5 * (back + on));
             ++middles;
         }
     }

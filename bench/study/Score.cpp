@@ -22,10 +22,10 @@ double Root(double squares, std::size_t count) noexcept
 void Score::Add(const Moment& truth, const _GPS_Data& told)
 {
     const Metres error = Way(truth.at, told.lonLat);
-    squares += error.Square();
-    distances.push_back(error.Length());
+    squares += Square(error);
+    distances.push_back(Length(error));
     const Metres velocity{truth.east, truth.north};
-    const double speed = velocity.Length();
+    const double speed = Length(velocity);
     speedSquares += std::pow(told.speed - speed / KMH, 2.0);
     if (speed > MOVES) {
         headingSquares += std::pow(Apart(told.heading, HeadingOf(velocity)), 2.0);
@@ -34,7 +34,7 @@ void Score::Add(const Moment& truth, const _GPS_Data& told)
     late -= error.east * velocity.east + error.north * velocity.north;
     way += speed;
     if (hasLast) {
-        jitterSquares += (error - last).Square();
+        jitterSquares += Square(error - last);
         ++jitters;
     }
     last = error;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "GpsLib/contracts/KestMath.h"
+#include "GpsLib/filter/velocity/EastNorth.h"
 #include "GpsLib/math/AngleOf.h"
 #include "GpsLib/math/SinCos.h"
 #include "GpsLib/records/GPSRecords.h"
@@ -14,28 +15,12 @@ namespace study
 constexpr double DEGREE = 0.017453292519943295; // [rad]
 constexpr double KMH = 1.0 / 3.6;               // [m/s]
 
-/// A way on the ground.
-struct Metres {
-    double east;
-    double north;
+/// A way on the ground [m].
+using Metres = GPS::EastNorth;
 
-    double Square() const noexcept { return east * east + north * north; }
-    double Length() const noexcept { return std::sqrt(Square()); }
-};
-
-inline Metres operator+(Metres a, Metres b) noexcept
+inline double Length(Metres way) noexcept
 {
-    return {a.east + b.east, a.north + b.north};
-}
-
-inline Metres operator-(Metres a, Metres b) noexcept
-{
-    return {a.east - b.east, a.north - b.north};
-}
-
-inline Metres operator*(double factor, Metres way) noexcept
-{
-    return {factor * way.east, factor * way.north};
+    return std::sqrt(Square(way));
 }
 
 /// Ways of some kilometres.

@@ -51,7 +51,7 @@ Errors operator+(const Errors& a, const Errors& b) noexcept
 double SquareError(GPS::CVelocityFilter& filter, const Epoch& epoch, _GPS_Data fix)
 {
     filter.Filter(fix);
-    return Way(epoch.truth.at, fix.lonLat).Square();
+    return Square(Way(epoch.truth.at, fix.lonLat));
 }
 
 void Add(const std::vector<Epoch>& epochs, const Fault& fault, std::size_t length, std::vector<Errors>& sums)
@@ -65,7 +65,7 @@ void Add(const std::vector<Epoch>& epochs, const Fault& fault, std::size_t lengt
         if (second >= LEAD && second < LEAD + length) {
             fault.spoil(fix, epochs[LEAD - 1].fix);
         }
-        const double raw = Way(epoch.truth.at, fix.lonLat).Square();
+        const double raw = Square(Way(epoch.truth.at, fix.lonLat));
         const double smoothed = SquareError(filter, epoch, fix);
         sums[second] = sums[second] + Errors{raw, smoothed, SquareError(sparedFilter, epoch, epoch.fix)};
     }
